@@ -1,0 +1,93 @@
+// Memory for the many objects that a decoder makes at once.
+#pragma once
+
+#include "source/vo/vo_object.hpp"
+
+namespace vo {
+
+/// What a chunk begins with. A chunk is aligned to its size, so an object's address and its tag
+/// give the chunk it lives in.
+struct Chunk {
+    /// Objects in the chunk that are still there. While the chunk is open it also counts
+    /// `openBias`, so that it cannot drop to nothing before the last object has been placed.
+    std::atomic<int64_t> live;
+    int64_t size;
+
+    static constexpr int64_t openBias = int64_t{1} << 40;
+    static constexpr int64_t smallest = 2048;
+    static constexpr int64_t largest = 65536;
+
+    /// Tags are the binary logarithm less 10: 1 for 2 KB up to 6 for 64 KB.
+    static constexpr int tagShift = 10;
+
+    static Chunk *of(const voObj *object) {
+        uintptr_t size = uintptr_t{1} << (chunkTag(object) + tagShift);
+        return reinterpret_cast<Chunk *>(reinterpret_cast<uintptr_t>(object) & ~(size - 1));
+    }
+};
+
+/// Gives back `count` places of objects that have gone; the last one frees the chunk.
+void leaveChunk(Chunk *chunk, int64_t count);
+
+/// Places objects one behind another in chunks. Objects are ordinary in every other way: they are
+/// retained, released, changed and kept like any object, and outlive the placer. An object that
+/// is kept keeps its chunk, at most 64 KB. Not for more than one thread at a time.
+class ChunkPlacer {
+  public:
+    /// `expectedBytes` sizes the first chunk, so that a small document keeps little memory.
+    explicit ChunkPlacer(int64_t expectedBytes) : nextSize(expectedBytes) {}
+    ChunkPlacer(const ChunkPlacer &) = delete;
+    ChunkPlacer &operator=(const ChunkPlacer &) = delete;
+    ~ChunkPlacer() { close(); }
+
+    /// A new object of `size` bytes with a count of 1; the caller sets its fields.
+    template <class T> T *create(voSort *sort, int64_t size = sizeof(T)) {
+        return reinterpret_cast<T *>(place(size, sort));
+    }
+
+  private:
+    voObj *place(int64_t size, voSort *sort) {
+#if VO_CHUNKS
+        size = (size + 7) & ~int64_t{7};
+        if (size > end - next) {
+            // A large object would waste the rest of a chunk and keep it all alive.
+            if (size > Chunk::largest / 4) return vo___ObjCreate(size, sort);
+            open(size);
+        }
+        auto *object = reinterpret_cast<voObj *>(next);
+        next += size;
+        ++placed;
+        object->taggedSort = reinterpret_cast<voSort *>(reinterpret_cast<uintptr_t>(sort) | tag);
+        object->refs.store(1, std::memory_order_relaxed);
+        return object;
+#else
+        return vo___ObjCreate(size, sort);
+#endif
+    }
+
+    void open(int64_t size) {
+        close();
+        int64_t header = sizeof(Chunk);
+        chunk = static_cast<Chunk *>(vo___ChunkOpen(nextSize > size ? nextSize : size + header));
+        nextSize = Chunk::largest;
+        next = reinterpret_cast<char *>(chunk) + header;
+        end = reinterpret_cast<char *>(chunk) + chunk->size;
+        tag = uintptr_t(__builtin_ctzll(uint64_t(chunk->size))) - Chunk::tagShift;
+    }
+
+    void close() {
+        if (chunk) vo___ChunkClose(chunk, placed);
+        chunk = nullptr;
+        next = end = nullptr;
+        placed = 0;
+    }
+
+    Chunk *chunk = nullptr;
+    char *next = nullptr;
+    char *end = nullptr;
+    uintptr_t tag = 0;
+    int64_t placed = 0;
+    int64_t nextSize;
+};
+
+} // namespace vo

@@ -1,0 +1,66 @@
+#include "tests/support.hpp"
+
+#include "source/vo/vo_live.hpp"
+
+namespace test {
+
+Ref<voString> str(std::string_view utf8) {
+    return Ref(voStringTryCreateFromUtf8(utf8.data(), int64_t(utf8.size())));
+}
+
+Ref<voString> str(std::u32string_view chars) {
+    return Ref(voStringCreateFromCharsCopy(reinterpret_cast<const uint32_t *>(chars.data()),
+                                           int64_t(chars.size())));
+}
+
+std::string text(voString *string) {
+    if (!string) return "<null>";
+    Ref utf8(voStringTryToUtf8(string));
+    return utf8 ? bytes(utf8) : "<ill-formed>";
+}
+
+std::string take(voString *string) {
+    Ref owned(string);
+    return text(owned);
+}
+
+Ref<voBuffer> buffer(std::string_view bytes) {
+    return Ref(voBufferCreateFromBytesCopy(bytes.data(), int64_t(bytes.size())));
+}
+
+std::string bytes(voBuffer *buffer) {
+    return {reinterpret_cast<const char *>(voBufferBacking(buffer)),
+            size_t(voBufferLength(buffer))};
+}
+
+std::string abortPattern(std::string_view file, std::string_view text) {
+    std::string pattern;
+    auto quote = [&](std::string_view literal) {
+        for (char c : literal) {
+            if (std::string_view("\\^$.[]|()?*+{}").find(c) != std::string_view::npos)
+                pattern += '\\';
+            pattern += c;
+        }
+    };
+    quote(file);
+    pattern += ":[0-9]+: ";
+    quote(text);
+    return pattern + "\n";
+}
+
+namespace {
+
+/// Fails every test that leaves an object behind.
+class LeakCheck : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo &) override { before = vo::liveObjects(); }
+    void OnTestEnd(const testing::TestInfo &) override { EXPECT_EQ(vo::liveObjects(), before); }
+    int64_t before = 0;
+};
+
+const bool installed = [] {
+    testing::UnitTest::GetInstance()->listeners().Append(new LeakCheck);
+    return true;
+}();
+
+} // namespace
+} // namespace test

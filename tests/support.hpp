@@ -1,0 +1,40 @@
+// What every test file needs: owned references, texts, and expected aborts.
+#pragma once
+
+#include "source/vo/vo_object.hpp"
+#include "vo/vo.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+using vo::Ref;
+
+namespace test {
+
+/// A string of the code points that `utf8` encodes.
+Ref<voString> str(std::string_view utf8);
+
+/// A string of any code points, surrogates and the like included.
+Ref<voString> str(std::u32string_view chars);
+
+/// The string as UTF-8; "<null>" for null. Does not take over the reference.
+std::string text(voString *string);
+
+/// The same for a new reference, which it releases: `take(xmlElementName(el))`.
+std::string take(voString *string);
+
+/// A buffer of these bytes, and the bytes of a buffer.
+Ref<voBuffer> buffer(std::string_view bytes);
+std::string bytes(voBuffer *buffer);
+
+/// `file:line: text` for any line as a regular expression, for EXPECT_ABORT.
+std::string abortPattern(std::string_view file, std::string_view text);
+
+} // namespace test
+
+/// Expects that `statement` ends the process with the condition `text` of the source file `file`,
+/// such as "source/vo/vo_string.cpp".
+#define EXPECT_ABORT(statement, file, text)                                                        \
+    EXPECT_DEATH(statement, testing::ContainsRegex(test::abortPattern(file, text)))
