@@ -1,0 +1,18 @@
+// An attribute list as the codecs see it.
+#pragma once
+
+#include "source/vo/vo_object.hpp"
+#include "xml/xml_attributes.h"
+
+struct XML_ATTRIBUTES {
+    voObj base;
+    voVector *vector; ///< Of XML_ATTRIBUTE; no two have one name.
+
+    auto fields() { return std::tie(vector); }
+};
+
+extern "C" {
+/// Removes the other attribute that has the name of the one at `index`, if there is one. Returns
+/// where the attribute from `index` stands then.
+int64_t xml___AttributesDeleteDuplicate(XML_ATTRIBUTES **attrs, int64_t index);
+}
