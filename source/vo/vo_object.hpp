@@ -34,7 +34,9 @@ struct alignas(16) voSort {
 // ---------------------------------------------------------------- checks
 
 /// Ends the process unless the condition holds. Its text is the condition as written here.
-#define VO_ASSERT(...) VO_ASSERT_IN(nullptr, __VA_ARGS__)
+/// Not built on VO_ASSERT_IN: passing the condition on would expand the macros in its text.
+#define VO_ASSERT(...)                                                                             \
+    ((__VA_ARGS__) ? void() : vo___Abort(nullptr, __FILE__, __LINE__, #__VA_ARGS__))
 #define VO_ASSERT_IN(context, ...)                                                                 \
     ((__VA_ARGS__) ? void() : vo___Abort(context, __FILE__, __LINE__, #__VA_ARGS__))
 
@@ -194,10 +196,11 @@ template <class T> T *makePrivate(T **ref) {
     }                                                                                              \
     static_assert(true)
 
-/// Defines a whole object type from its `fields()`: the sort record, the free function and the
-/// common operations. `param` is what the type's functions call their object; abort texts show it.
-/// What follows `param`, if anything, is the sort's comparison and its conversion to a string.
-#define VO_OBJECT(prefix, T, sortRecord, freeFunc, module, param, ...)                             \
+/// Defines an object type without setters from its `fields()`: the sort record, the free function
+/// and the common operations but for CreateFrom. `param` is what the type's functions call their
+/// object; abort texts show it. What follows `param`, if anything, is the sort's comparison and its
+/// conversion to a string.
+#define VO_CONSTANT_OBJECT(prefix, T, sortRecord, freeFunc, module, param, ...)                    \
     extern "C" void freeFunc(voObj *obj);                                                          \
     extern "C" voSort sortRecord;                                                                  \
     void freeFunc(voObj *obj) {                                                                    \
@@ -206,7 +209,11 @@ template <class T> T *makePrivate(T **ref) {
         vo::dropFields(param);                                                                     \
     }                                                                                              \
     constinit voSort sortRecord = {{nullptr, 1}, module, #T, freeFunc, __VA_ARGS__};               \
-    VO_OPERATIONS(prefix, T, sortRecord);                                                          \
+    VO_OPERATIONS(prefix, T, sortRecord)
+
+/// Defines a whole object type: the same and CreateFrom, which setters copy with.
+#define VO_OBJECT(prefix, T, sortRecord, freeFunc, module, param, ...)                             \
+    VO_CONSTANT_OBJECT(prefix, T, sortRecord, freeFunc, module, param, __VA_ARGS__);               \
     T *prefix##CreateFrom(T *source) {                                                             \
         VO_ASSERT(source);                                                                         \
         return vo::copy(source);                                                                   \

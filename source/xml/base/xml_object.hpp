@@ -7,6 +7,10 @@
 #define XML_OBJECT(Name, T, param)                                                                 \
     VO_OBJECT(xml##Name, T, xml___sort_##T, xml___##Name##FreeFunc, &xml___module, param)
 
+/// For a type that never changes: everything but CreateFrom.
+#define XML_CONSTANT_OBJECT(Name, T, param)                                                        \
+    VO_CONSTANT_OBJECT(xml##Name, T, xml___sort_##T, xml___##Name##FreeFunc, &xml___module, param)
+
 /// The four operations of an optional source location, the last field of every tree node.
 #define XML_LOCATION(Name, T, param)                                                               \
     voParserLocation *xml##Name##Location(T *param) {                                              \
