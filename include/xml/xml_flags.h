@@ -1,0 +1,31 @@
+/** @file
+ *  Flags that tune decoding and encoding; they are part of XML_OPTIONS. */
+#ifndef XML_XML_FLAGS_H
+#define XML_XML_FLAGS_H
+
+#include "vo/vo.h"
+
+VO_BEGIN_DECLS
+
+/** A set of the bits below. */
+typedef uint64_t XML_FLAGS;
+
+/** Decoding gives every node the location where it was found. */
+#define XML_FLAG_DECODE_LOCATION UINT64_C(1)
+
+/** Encoding writes no XML declaration. */
+#define XML_FLAG_ENCODE_OMIT_XML_DECLARATION UINT64_C(2)
+
+/** Drops the bits that are not flags. */
+VO_API XML_FLAGS xmlFlagsNormalize(XML_FLAGS flags);
+
+/** Reads flag names joined by `|`, such as "XML_FLAG_DECODE_LOCATION". Unknown names are ignored;
+ *  the empty string is no flag. */
+VO_API XML_FLAGS xmlFlagsFromString(voString *vos);
+
+/** The names of the normalized flags, in the form that xmlFlagsFromString() reads. */
+VO_NEW voString *xmlFlagsToString(XML_FLAGS flags);
+
+VO_END_DECLS
+
+#endif

@@ -1,0 +1,25 @@
+// What CDATA sections, comments and processing instructions have in common: a text that is written
+// as it is between fixed delimiters.
+#pragma once
+
+#include "source/vo/vo_object.hpp"
+#include "vo/vo.h"
+
+namespace xml {
+
+struct CharacterData {
+    voObj base;
+    voString *value;
+    voParserLocation *location;
+
+    auto fields() { return std::tie(value, location); }
+};
+
+/// A node of type T with this text and no location.
+template <class T> T *createCharacterData(voSort *sort, voString *value) {
+    T *node = vo::create<T>(sort);
+    node->value = vo::retained(value);
+    return node;
+}
+
+} // namespace xml
