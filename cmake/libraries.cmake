@@ -8,7 +8,9 @@ function(voxml_library name namespace)
     PRIVATE ${PROJECT_SOURCE_DIR}
     PUBLIC ${PROJECT_SOURCE_DIR}/include)
   target_compile_options(${name}_objects PRIVATE
-    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/= -fno-exceptions -fno-rtti)
+    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/= -fno-exceptions -fno-rtti
+    # Calls inside a library go to that library, so that they can be direct or inlined.
+    -fno-semantic-interposition)
   target_compile_definitions(${name}_objects PUBLIC
     VO_CHUNKS=$<BOOL:${VOXML_CHUNKS}>
     $<$<BOOL:${VOXML_COUNT_OBJECTS}>:VO_COUNT_OBJECTS>)
@@ -29,7 +31,8 @@ function(voxml_library name namespace)
     SOVERSION ${PROJECT_VERSION_MAJOR})
   if(BUILD_SHARED_LIBS)
     target_link_options(${name} PRIVATE
-      -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map -Wl,-z,defs)
+      -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map
+      -Wl,-z,defs -Wl,-Bsymbolic-functions)
     set_target_properties(${name} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
   endif()
 
@@ -48,4 +51,6 @@ endfunction()
 file(GLOB VO_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/source/vo/*.cpp)
 file(GLOB XML_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/source/xml/*/*.cpp)
 voxml_library(vo vo SOURCES ${VO_SOURCES})
-voxml_library(voxml xml SOURCES ${XML_SOURCES} LINK vo)
+if(XML_SOURCES)
+  voxml_library(voxml xml SOURCES ${XML_SOURCES} LINK vo)
+endif()
