@@ -1,0 +1,40 @@
+"""What the public headers hold: their paths, and the functions that they declare."""
+import pathlib
+import re
+import subprocess
+
+INCLUDE = pathlib.Path(__file__).resolve().parents[2] / "include"
+
+
+def headers(library="*"):
+    """The public headers as they are included, "vo/vo_string.h": all, or those of one library."""
+    return sorted(str(path.relative_to(INCLUDE)) for path in INCLUDE.glob(f"{library}/*.h"))
+
+
+def declared_functions(library, compiler):
+    """The functions declared in the headers of "vo" or "xml", as the compiler reads them."""
+    source = "".join(f'#include "{header}"\n' for header in headers(library))
+    command = [compiler, "-E", "-xc", "-std=c11", f"-I{INCLUDE}", "-"]
+    lines = subprocess.run(command, input=source, text=True, capture_output=True, check=True)
+    return set(function_names(lines_of(INCLUDE / library, lines.stdout)))
+
+
+def lines_of(folder, preprocessed):
+    """The text that stands in the folder's own files, without that of what they include."""
+    own = []
+    inside = False
+    for line in preprocessed.splitlines():
+        marker = re.match(r'# \d+ "(.*?)"', line)
+        if marker:
+            inside = pathlib.Path(marker[1]).parent == folder
+        elif inside:
+            own.append(line)
+    return "\n".join(own)
+
+
+def function_names(text):
+    text = re.sub(r"__attribute__\s*\(\(.*?\)\)(?!\))", " ", text)
+    for declaration in re.sub(r"\{[^{}]*\}", ";", text).split(";"):
+        name = re.match(r"(?!\s*(?:typedef|static)\b)[^(=]*?(\w+)\s*\(", declaration)
+        if name:
+            yield name[1]

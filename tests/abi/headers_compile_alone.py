@@ -1,0 +1,38 @@
+"""Every public header compiles alone and twice, as C and as C++, without a warning, and is part
+of its library's umbrella header.
+
+Usage: headers_compile_alone.py C_COMPILER...
+"""
+import concurrent.futures
+import shutil
+import subprocess
+import sys
+
+from headers import INCLUDE, headers
+
+LANGUAGES = [("c", "c11"), ("c++", "c++17"), ("c++", "c++20")]
+WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Wundef", "-Werror"]
+
+
+def complaints(case):
+    compiler, (language, standard), header = case
+    include = f'#include "{header}"\n'
+    command = [compiler, "-fsyntax-only", f"-x{language}", f"-std={standard}", *WARNINGS,
+               f"-I{INCLUDE}", "-"]
+    result = subprocess.run(command, input=include * 2, text=True, capture_output=True)
+    return f"{' '.join(command)} < {header}\n{result.stderr}" if result.returncode else ""
+
+
+compilers = [name for name in sys.argv[1:] if shutil.which(name)]
+cases = [(compiler, language, header)
+         for compiler in compilers for language in LANGUAGES for header in headers()]
+with concurrent.futures.ThreadPoolExecutor() as pool:
+    found = [text for text in pool.map(complaints, cases) if text]
+for library in ("vo", "xml"):
+    umbrella = f"{library}/{library}.h"
+    text = (INCLUDE / umbrella).read_text()
+    found += [f"{umbrella} leaves out {header}" for header in headers(library)
+              if header != umbrella and f'#include "{header}"\n' not in text]
+print(*found, sep="\n")
+print(f"{len(cases)} compilations by {' and '.join(compilers)}, {len(found)} with complaints")
+sys.exit(bool(found) or not cases)
