@@ -26,9 +26,9 @@ struct alignas(16) voSort {
     void *module;
     const char *name;
     void (*free)(voObj *);
-    int64_t (*compare)(voObj *, voObj *); ///< Null: by identity.
-    voString *(*toString)(voObj *);       ///< Null: the sort's name.
-    void *reserved[5];
+    int64_t (*compare)(voObj *, voObj *) = nullptr; ///< Null: by identity.
+    voString *(*toString)(voObj *) = nullptr;       ///< Null: the sort's name.
+    void *reserved[5] = {};
 };
 
 // ---------------------------------------------------------------- checks
