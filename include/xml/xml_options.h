@@ -47,11 +47,11 @@ VO_API voNlfFlags xmlOptionsEncodeNlfFlags(XML_OPTIONS *opt);
 
 /** @name Setting
  *  Bits that are not flags of the option are dropped. @{ */
-VO_API void xmlOptionsSetFlags(XML_OPTIONS **opt, XML_FLAGS value);
-VO_API void xmlOptionsSetDecodeCharsetFlags(XML_OPTIONS **opt, voCharsetFlags value);
-VO_API void xmlOptionsSetDecodeNlfFlags(XML_OPTIONS **opt, voNlfFlags value);
-VO_API void xmlOptionsSetEncodeCharsetFlags(XML_OPTIONS **opt, voCharsetFlags value);
-VO_API void xmlOptionsSetEncodeNlfFlags(XML_OPTIONS **opt, voNlfFlags value);
+VO_API void xmlOptionsSetFlags(XML_OPTIONS **opt, XML_FLAGS flags);
+VO_API void xmlOptionsSetDecodeCharsetFlags(XML_OPTIONS **opt, voCharsetFlags flags);
+VO_API void xmlOptionsSetDecodeNlfFlags(XML_OPTIONS **opt, voNlfFlags flags);
+VO_API void xmlOptionsSetEncodeCharsetFlags(XML_OPTIONS **opt, voCharsetFlags flags);
+VO_API void xmlOptionsSetEncodeNlfFlags(XML_OPTIONS **opt, voNlfFlags flags);
 /** @} */
 
 /** @name Whether an option holds its default: 1 until it is set @{ */
