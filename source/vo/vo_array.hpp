@@ -85,4 +85,19 @@ template <class A> A *resizeArray(A **ref, int64_t length) {
     return array;
 }
 
+/// Makes the caller's array private and keeps the `count` items from `from` only. Not for objects.
+template <class A> void keepRange(A **ref, int64_t from, int64_t count) {
+    static_assert(!std::is_same_v<A, voVector>);
+    A *array = *ref;
+    if (isSole(array)) {
+        if (from)
+            std::memmove(array->items(), array->items() + from,
+                         size_t(count) * sizeof(typename A::Item));
+        array->length = count;
+        return;
+    }
+    *ref = copyArray<A>(sortOf(&array->base), array->items() + from, count, count);
+    release(array);
+}
+
 } // namespace vo

@@ -1,0 +1,68 @@
+#include "source/vo/vo_compare.hpp"
+
+#include "source/vo/vo_allocator.hpp"
+#include "source/vo/vo_array.hpp"
+#include "source/vo/vo_table.hpp"
+#include "vo/vo_vector.h"
+
+#include <algorithm>
+
+namespace vo {
+namespace {
+
+/// Two containers of one sort on their way through their items.
+class Pair {
+  public:
+    Pair(voObj *objA, voObj *objB) : a(itemsOf(objA)), b(itemsOf(objB)) {}
+
+    /// Whether the items of the shorter one have all been compared. Shared items are equal.
+    bool atEnd() const { return a == b || next == std::min(a->length, b->length); }
+    int64_t orderAtEnd() const { return a->length - b->length; }
+    std::pair<voObj *, voObj *> step() {
+        ++next;
+        return {a->items()[next - 1], b->items()[next - 1]};
+    }
+
+  private:
+    static voVector *itemsOf(voObj *obj) {
+        bool isVector = sortOf(obj) == voVectorSort();
+        return isVector ? voVectorFrom(obj) : reinterpret_cast<Table *>(obj)->items;
+    }
+
+    voVector *a, *b;
+    int64_t next = 0;
+};
+
+bool areContainers(voObj *a, voObj *b) {
+    return sortOf(a) == sortOf(b) && sortOf(a)->compare == compareContainers;
+}
+
+/// The order that follows from what two containers are, whatever they hold.
+int64_t compareKinds(voObj *a, voObj *b) {
+    if (sortOf(a) == voVectorSort()) return 0;
+    return reinterpret_cast<Table *>(a)->isArray - reinterpret_cast<Table *>(b)->isArray;
+}
+
+} // namespace
+
+int64_t compareContainers(voObj *a, voObj *b) {
+    if (int64_t order = compareKinds(a, b)) return order;
+    Vec<Pair> outer;
+    for (Pair pair(a, b);;) {
+        if (pair.atEnd()) {
+            if (pair.orderAtEnd() || outer.empty()) return pair.orderAtEnd();
+            pair = outer.back();
+            outer.pop_back();
+            continue;
+        }
+        auto [itemA, itemB] = pair.step();
+        bool nested = areContainers(itemA, itemB);
+        int64_t order = nested ? compareKinds(itemA, itemB) : voObjCompare(itemA, itemB);
+        if (order) return order;
+        if (!nested || itemA == itemB) continue;
+        outer.push_back(pair);
+        pair = Pair(itemA, itemB);
+    }
+}
+
+} // namespace vo
