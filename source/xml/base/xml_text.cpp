@@ -1,0 +1,176 @@
+#include "xml/xml_text.h"
+
+#include "source/vo/vo_array.hpp"
+#include "source/vo/vo_int.hpp"
+#include "source/xml/base/xml_object.hpp"
+#include "source/xml/base/xml_skip.hpp"
+#include "source/xml/base/xml_text.hpp"
+#include "xml/xml_value.h"
+
+#include <algorithm>
+#include <span>
+
+using vo::assign;
+using vo::Ref;
+using vo::retained;
+
+XML_OBJECT(Text, XML_TEXT, text);
+XML_LOCATION(Text, XML_TEXT, text);
+
+constexpr uint32_t xml___EntityLt[4] = {'&', 'l', 't', ';'};
+constexpr uint32_t xml___EntityGt[4] = {'&', 'g', 't', ';'};
+constexpr uint32_t xml___EntityAmp[5] = {'&', 'a', 'm', 'p', ';'};
+constexpr uint32_t xml___EntityQuot[6] = {'&', 'q', 'u', 'o', 't', ';'};
+constexpr uint32_t xml___EntityApos[6] = {'&', 'a', 'p', 'o', 's', ';'};
+
+namespace {
+
+using Chars = std::span<const uint32_t>;
+
+constexpr struct {
+    Chars reference;
+    uint32_t ch;
+} entities[] = {
+    {xml___EntityLt, '<'},   {xml___EntityGt, '>'},    {xml___EntityAmp, '&'},
+    {xml___EntityQuot, '"'}, {xml___EntityApos, '\''},
+};
+
+/// What a reference to an entity stands for; 0 unless the entity is predefined.
+uint32_t charOf(Chars reference) {
+    for (auto &entity : entities)
+        if (std::ranges::equal(entity.reference, reference)) return entity.ch;
+    return 0;
+}
+
+/// The reference for a character that has one.
+Chars referenceTo(uint32_t ch) {
+    return std::ranges::find(entities, ch, [](auto &entity) { return entity.ch; })->reference;
+}
+
+Chars charsOf(voString *string) { return {string->items(), size_t(string->length)}; }
+
+int64_t count(Chars chars, uint32_t ch) { return std::ranges::count(chars, ch); }
+
+/// Writes a new string into memory of its own, without a check per character: what is written must
+/// fit into the announced length.
+class Writer {
+  public:
+    explicit Writer(int64_t mostChars)
+        : begin(static_cast<uint32_t *>(voMemAllocN(mostChars, sizeof *begin))), at(begin) {}
+    Writer(const Writer &) = delete;
+    Writer &operator=(const Writer &) = delete;
+    ~Writer() { voMemFree(begin); }
+
+    void put(uint32_t ch) { *at++ = ch; }
+    void put(Chars chars) {
+        voMemCopyN(at, chars.data(), int64_t(chars.size()), sizeof *at);
+        at += chars.size();
+    }
+    template <class Predicate> void putEscaped(Chars chars, Predicate needsEscape) {
+        for (uint32_t ch : chars)
+            needsEscape(ch) ? put(referenceTo(ch)) : put(ch);
+    }
+    voString *take() { return voStringCreateFromCharsUse(std::exchange(begin, nullptr), length()); }
+
+  private:
+    int64_t length() const { return at - begin; }
+
+    uint32_t *begin;
+    uint32_t *at;
+};
+
+/// The escaped form of plain characters; the string itself when there is nothing to escape.
+voString *createEscaped(voString *vos) {
+    Chars plain = charsOf(vos);
+    int64_t growth = 3 * count(plain, '<') + 4 * count(plain, '&');
+    if (!growth) return retained(vos);
+    Writer out(vos->length + growth);
+    out.putEscaped(plain, [](uint32_t ch) { return ch == '<' || ch == '&'; });
+    return out.take();
+}
+
+/// The reference at the beginning of `chars`, which must have one there.
+struct Reference {
+    int64_t length;
+    uint32_t ch; ///< 0 for an entity that is not predefined.
+};
+Reference referenceAt(Chars chars) {
+    int64_t size = int64_t(chars.size());
+    int64_t length = xml___SkipEntityRef(chars.data(), size);
+    if (length) return {length, charOf(chars.first(size_t(length)))};
+    uint32_t ch = 0;
+    length = xml___SkipCharRef(chars.data(), size, &ch);
+    if (!length) VO_UNREACHABLE();
+    return {length, ch};
+}
+
+} // namespace
+
+XML_TEXT *xmlTextCreate(void) {
+    auto *text = vo::create<XML_TEXT>(xmlTextSort());
+    text->value = voStringCreate();
+    return text;
+}
+
+XML_TEXT *xmlTextCreateValue(voString *value) {
+    VO_ASSERT(xmlValueTextOk( value ));
+    auto *text = vo::create<XML_TEXT>(xmlTextSort());
+    text->value = retained(value);
+    return text;
+}
+
+XML_TEXT *xmlTextCreateEscape(voString *vos) {
+    VO_ASSERT(vos);
+    auto *text = vo::create<XML_TEXT>(xmlTextSort());
+    text->value = createEscaped(vos);
+    return text;
+}
+
+voString *xmlTextValue(XML_TEXT *text) { return retained(VO_READ(text)->value); }
+
+void xmlTextSetValue(XML_TEXT **text, voString *value) {
+    VO_ASSERT_REF(text);
+    VO_ASSERT(xmlValueTextOk( value ));
+    assign(VO_EDIT(text)->value, value);
+}
+
+void xmlTextSetEscape(XML_TEXT **text, voString *vos) {
+    VO_ASSERT_REF(text);
+    VO_ASSERT(vos);
+    Ref escaped(createEscaped(vos));
+    assign(VO_EDIT(text)->value, escaped);
+}
+
+voString *xmlTextTryUnescape(XML_TEXT *text) {
+    voString *value = VO_READ(text)->value;
+    Chars rest = charsOf(value);
+    if (!count(rest, '&')) return retained(value);
+    Writer out(value->length);
+    for (;;) {
+        size_t plain = size_t(std::ranges::find(rest, uint32_t{'&'}) - rest.begin());
+        out.put(rest.first(plain));
+        rest = rest.subspan(plain);
+        if (rest.empty()) return out.take();
+        Reference reference = referenceAt(rest);
+        if (!reference.ch) return nullptr;
+        out.put(reference.ch);
+        rest = rest.subspan(size_t(reference.length));
+    }
+}
+
+voString *xml___TextAttributify(XML_TEXT *text) {
+    Chars value = charsOf(VO_READ(text)->value);
+    int64_t quotCnt = count(value, '"');
+    int64_t aposCnt = count(value, '\'');
+    uint32_t delimiter = aposCnt < quotCnt ? '\'' : '"';
+    int64_t escCnt = std::min(aposCnt, quotCnt);
+    int64_t length = int64_t(value.size());
+    VO_ASSERT(VO_INT_MUL_OK( escCnt, 6 ));
+    VO_ASSERT(VO_INT_ADD_OK( length, escCnt * 6 ));
+    VO_ASSERT(VO_INT_ADD_OK( length + escCnt * 6, 2 ));
+    Writer out(length + escCnt * 6 + 2);
+    out.put(delimiter);
+    out.putEscaped(value, [=](uint32_t ch) { return ch == delimiter; });
+    out.put(delimiter);
+    return out.take();
+}
