@@ -1,0 +1,177 @@
+// The ordered list behind both types of attribute list.
+#pragma once
+
+#include "source/vo/vo_allocator.hpp"
+#include "source/vo/vo_array.hpp"
+#include "source/vo/vo_hash.hpp"
+#include "vo/vo.h"
+
+#include <unordered_map>
+
+namespace xml {
+
+/// What tells the attributes of a list apart, borrowed. A plain name is one without a namespace.
+struct AttributeKey {
+    voString *name;
+    voString *ns; ///< Null equals only null.
+};
+
+inline bool equal(voString *a, voString *b) {
+    if (a == b || !a || !b) return a == b;
+    return a->length == b->length &&
+           !std::memcmp(a->items(), b->items(), size_t(a->length) * sizeof(uint32_t));
+}
+inline bool operator==(const AttributeKey &a, const AttributeKey &b) {
+    return equal(a.name, b.name) && equal(a.ns, b.ns);
+}
+
+/// Where each key of a run of attributes stands last.
+class LastPlaces {
+  public:
+    LastPlaces(int64_t begin, int64_t end) : first(begin), hashed(end - begin > mostScanned) {
+        if (hashed) places.reserve(size_t(end - begin));
+    }
+
+    /// Adds the key of the next attribute.
+    void add(const AttributeKey &key) {
+        if (hashed)
+            places[key] = first + added;
+        else
+            keys[added] = key;
+        ++added;
+    }
+
+    /// The place of the last attribute of the run with `key`, or -1.
+    int64_t find(const AttributeKey &key) const {
+        if (hashed) {
+            auto found = places.find(key);
+            return found == places.end() ? -1 : found->second;
+        }
+        int64_t i = added - 1;
+        while (i >= 0 && !(keys[i] == key))
+            --i;
+        return i < 0 ? -1 : first + i;
+    }
+
+  private:
+    static constexpr int64_t mostScanned = 16; ///< Longer runs are hashed.
+
+    struct Hash {
+        size_t operator()(const AttributeKey &key) const {
+            return hash(key.name) * 31 + (key.ns ? hash(key.ns) : 0);
+        }
+        static size_t hash(voString *string) {
+            return vo::hashBytes(string->items(), size_t(string->length) * sizeof(uint32_t));
+        }
+    };
+
+    int64_t first;
+    int64_t added = 0;
+    bool hashed;
+    AttributeKey keys[mostScanned];
+    std::unordered_map<AttributeKey, int64_t, Hash, std::equal_to<>,
+                       vo::Allocator<std::pair<const AttributeKey, int64_t>>>
+        places;
+};
+
+/// No two attributes of a list have one key, and the attribute placed last wins. A layer says what
+/// it is about:
+///
+///     using List, Attribute;
+///     static AttributeKey key(Attribute *);
+///
+/// Changing functions take a list that is already private to the caller, and check nothing but
+/// indexes, which is the vector's doing.
+template <class Layer> struct AttributeList {
+    using List = typename Layer::List;
+    using Attribute = typename Layer::Attribute;
+
+    /// A new reference to the attribute at `index`.
+    static Attribute *at(List *attrs, int64_t index) {
+        return attribute(voVectorObjAt(attrs->vector, index));
+    }
+
+    /// The index of the attribute with `key`, or -1. The one at `skip` stays out of the search.
+    static int64_t indexOf(List *attrs, const AttributeKey &key, int64_t skip = -1) {
+        voVector *vector = attrs->vector;
+        for (int64_t i = 0; i < vector->length; ++i)
+            if (i != skip && keyOf(vector->items()[i]) == key) return i;
+        return -1;
+    }
+
+    /// The attribute with `key`, borrowed, or null.
+    static Attribute *find(List *attrs, const AttributeKey &key) {
+        int64_t index = indexOf(attrs, key);
+        return index < 0 ? nullptr : attribute(attrs->vector->items()[index]);
+    }
+
+    /// Removes the older twin of the attribute just placed at `index`; returns where it stands now.
+    static int64_t removeTwin(List *attrs, int64_t index) {
+        vo::Ref placed(at(attrs, index));
+        int64_t twin = indexOf(attrs, Layer::key(placed), index);
+        if (twin < 0) return index;
+        voVectorDelAt(&attrs->vector, twin);
+        return twin < index ? index - 1 : index;
+    }
+
+    static void setAt(List *attrs, int64_t index, Attribute *attr) {
+        voVectorSetObjAt(&attrs->vector, index, vo::obj(attr));
+        removeTwin(attrs, index);
+    }
+
+    static void insert(List *attrs, int64_t index, Attribute *attr) {
+        voVectorInsertObj(&attrs->vector, index, vo::obj(attr));
+        removeTwin(attrs, index);
+    }
+
+    /// Replaces the attribute with the key of `attr`, or appends.
+    static void set(List *attrs, Attribute *attr) {
+        int64_t index = indexOf(attrs, Layer::key(attr));
+        if (index < 0)
+            voVectorAppendObj(&attrs->vector, vo::obj(attr));
+        else
+            voVectorSetObjAt(&attrs->vector, index, vo::obj(attr));
+    }
+
+    /// The same as inserting the attributes of `others` one behind another.
+    static void insertAll(List *attrs, int64_t index, List *others) {
+        int64_t count = others->vector->length;
+        voVectorInsert(&attrs->vector, index, others->vector);
+        removeTwins(attrs, index, index + count);
+    }
+
+    /// The same as appending the attributes of `vec` one by one to the empty list.
+    static void assign(List *attrs, voVector *vec) {
+        vo::assign(attrs->vector, vec);
+        removeTwins(attrs, 0, vec->length);
+    }
+
+  private:
+    static Attribute *attribute(voObj *obj) { return reinterpret_cast<Attribute *>(obj); }
+    static AttributeKey keyOf(voObj *obj) { return Layer::key(attribute(obj)); }
+
+    /// Removes every attribute whose key stands again in the run from `begin` to `end` that was
+    /// just placed, or later in that run. Takes time in proportion to the length of the list.
+    static void removeTwins(List *attrs, int64_t begin, int64_t end) {
+        voObj **items = attrs->vector->items();
+        LastPlaces places(begin, end);
+        for (int64_t i = begin; i < end; ++i)
+            places.add(keyOf(items[i]));
+        auto stays = [&](int64_t i) {
+            int64_t last = places.find(keyOf(items[i]));
+            return last < 0 || last == i;
+        };
+
+        int64_t length = attrs->vector->length;
+        int64_t kept = 0;
+        while (kept < length && stays(kept))
+            ++kept;
+        if (kept == length) return; // nothing to remove: the vector may stay shared
+        items = vo::resizeArray(&attrs->vector, length)->items();
+        for (int64_t i = kept + 1; i < length; ++i)
+            if (stays(i)) std::swap(items[kept++], items[i]);
+        vo::resizeArray(&attrs->vector, kept);
+    }
+};
+
+} // namespace xml
