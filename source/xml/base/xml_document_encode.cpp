@@ -1,6 +1,5 @@
 #include "xml/xml_document_encode.h"
 
-#include "source/vo/vo_allocator.hpp"
 #include "source/xml/base/xml_attribute.hpp"
 #include "source/xml/base/xml_attributes.hpp"
 #include "source/xml/base/xml_cdata.hpp"
@@ -13,6 +12,8 @@
 #include "source/xml/base/xml_text.hpp"
 #include "source/xml/base/xml_writer.hpp"
 #include "xml/xml_item_type.h"
+
+#include <vector>
 
 using vo::Ref;
 
@@ -118,7 +119,7 @@ class Encoder {
     };
 
     xml::Writer out;
-    vo::Vec<Open> open;
+    std::vector<Open> open;
 };
 
 } // namespace
