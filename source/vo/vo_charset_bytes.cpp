@@ -1,0 +1,127 @@
+// Character sets with one byte for a character and ASCII in the lower half.
+#include "source/vo/vo_charset_codec.hpp"
+#include "source/vo/vo_iconv.hpp"
+#include "source/vo/vo_utf.hpp"
+
+#include <array>
+
+namespace vo {
+namespace {
+
+/// What the C library calls the character set; null for those that need no converter.
+const char *converterName(voCharset charset) {
+    static constexpr const char *names[] = {
+        nullptr,       nullptr,       "ISO-8859-2",  "ISO-8859-3",  "ISO-8859-4",  "ISO-8859-5",
+        "ISO-8859-6",  "ISO-8859-7",  "ISO-8859-8",  "ISO-8859-9",  "ISO-8859-10", "ISO-8859-11",
+        "ISO-8859-13", "ISO-8859-14", "ISO-8859-15", "ISO-8859-16", "CP1250",      "CP1251",
+        "CP1252",      "CP1253",      "CP1254",      "CP1255",      "CP1256",      "CP1257",
+        "CP1258",      "CP874",       "KOI8-R",      "KOI8-U",      "IBM437",      "IBM850",
+        "IBM852",      "IBM855",      "IBM857",      "IBM862",      "IBM866",      "MACINTOSH"};
+    static_assert(std::size(names) == VO_CHARSET_MACINTOSH + 1);
+    return names[charset];
+}
+
+/// The characters of a character set by their bytes, and the way back.
+class ByteTable {
+  public:
+    static constexpr uint32_t none = UINT32_MAX;
+
+    explicit ByteTable(voCharset charset) {
+        chars.fill(none);
+        for (uint32_t byte = 0; byte < (charset == VO_CHARSET_ISO_8859_1 ? 256 : 128); ++byte)
+            chars[byte] = byte;
+        if (const char *name = converterName(charset)) askConverter(name);
+        if (charset == VO_CHARSET_MACINTOSH) {
+            // The C library has the Greek letter and a private use of its own in these places.
+            chars[0xC6] = 0x2206;
+            chars[0xF0] = 0xF8FF;
+        }
+    }
+
+    bool isComplete() const { return complete; }
+    uint32_t charOf(uint8_t byte) const { return chars[byte]; }
+
+    /// For byteOf(): sorts the upper half by character.
+    void prepareEncoding() {
+        for (uint32_t byte = 128; byte < 256; ++byte)
+            order[byte - 128] = chars[byte] == none ? none : chars[byte] << 8 | byte;
+        std::sort(order.begin(), order.end());
+    }
+
+    /// The byte of a character; -1 when there is none.
+    int byteOf(uint32_t ch) const {
+        if (ch < 256 && chars[ch] == ch) return int(ch);
+        const uint32_t *entry = std::lower_bound(order.begin(), order.end(), ch << 8);
+        return entry != order.end() && *entry >> 8 == ch ? int(*entry & 0xFF) : -1;
+    }
+
+  private:
+    /// Converts byte by byte, so that letters and accents are not composed: every byte has the one
+    /// character that writes it.
+    void askConverter(const char *name) {
+        Converter converter("UTF-8", name);
+        complete = bool(converter);
+        if (!complete) return;
+        for (uint32_t value = 128; value < 256; ++value) {
+            uint8_t byte = uint8_t(value);
+            Bytes in(&byte, 1);
+            auto store = [&](Bytes utf8) {
+                const uint8_t *at = utf8.data();
+                if (!utf8.empty()) chars[byte] = decodeUtf8(at, at + utf8.size());
+            };
+            converter.convert(in, store);
+            converter.flush(store);
+        }
+    }
+
+    bool complete = true;
+    std::array<uint32_t, 256> chars;
+    std::array<uint32_t, 128> order; ///< Character and byte.
+};
+
+/// Appends the ASCII in front and gives the end of the next stretch, to be converted one by one.
+const uint8_t *copyAscii(const uint8_t *&at, const uint8_t *end, BufferBuilder &out) {
+    const uint8_t *stop = skipAscii(at, end);
+    out.append({at, stop});
+    at = stop;
+    return end - at < 64 ? end : at + 64;
+}
+
+} // namespace
+
+bool decodeBytes(voCharset charset, Bytes bytes, bool lenient, BufferBuilder &out) {
+    const ByteTable table(charset);
+    if (!table.isComplete() && !lenient) return false;
+    const uint8_t *at = bytes.data(), *end = at + bytes.size();
+    while (at < end) {
+        const uint8_t *stop = copyAscii(at, end, out);
+        uint8_t *to = out.reserve(3 * 64);
+        for (; at < stop; ++at) {
+            uint32_t ch = table.charOf(*at);
+            if (ch == ByteTable::none && !lenient) return false;
+            to += encodeUtf8(to, ch == ByteTable::none ? replacementChar : ch);
+        }
+        out.wrote(to);
+    }
+    return true;
+}
+
+bool encodeBytes(voCharset charset, Bytes utf8, BufferBuilder &out) {
+    ByteTable table(charset);
+    if (!table.isComplete()) return false;
+    table.prepareEncoding();
+    const uint8_t *at = utf8.data(), *end = at + utf8.size();
+    while (at < end) {
+        const uint8_t *stop = copyAscii(at, end, out);
+        uint8_t *to = out.reserve(64);
+        while (at < stop) {
+            int byte = table.byteOf(decodeUtf8(at, end));
+            if (byte < 0) return false;
+            *to++ = uint8_t(byte);
+        }
+        out.wrote(to);
+    }
+    return true;
+}
+
+} // namespace vo
