@@ -24,5 +24,6 @@ voParserLocation *xmlDecodeErrorLocation(XML_DECODE_ERROR *err) {
 int xmlDecodeErrorHasLocation(XML_DECODE_ERROR *err) { return VO_READ(err)->location != nullptr; }
 
 voMessage *xmlDecodeErrorToMessage(XML_DECODE_ERROR *err) {
-    return xml::errorMessage(VO_READ(err)->location, xmlDecodeErrorCodeMessageText(err->errorCode));
+    VO_ASSERT(err);
+    return xml::errorMessage(err->location, xmlDecodeErrorCodeMessageText(err->errorCode));
 }

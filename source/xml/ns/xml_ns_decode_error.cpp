@@ -27,6 +27,6 @@ int xmlNsDecodeErrorHasLocation(XML_NS_DECODE_ERROR *err) {
 }
 
 voMessage *xmlNsDecodeErrorToMessage(XML_NS_DECODE_ERROR *err) {
-    return xml::errorMessage(VO_READ(err)->location,
-                             xmlNsDecodeErrorCodeMessageText(err->errorCode));
+    VO_ASSERT(err);
+    return xml::errorMessage(err->location, xmlNsDecodeErrorCodeMessageText(err->errorCode));
 }
