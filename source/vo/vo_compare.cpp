@@ -6,6 +6,7 @@
 #include "vo/vo_vector.h"
 
 #include <algorithm>
+#include <set>
 
 namespace vo {
 namespace {
@@ -33,6 +34,19 @@ class Pair {
     int64_t next = 0;
 };
 
+/// Pairs that need no second look. A part that several containers share is met once for each path
+/// to it, and there can be exponentially many.
+class SharedPairs {
+  public:
+    /// Whether the pair is here already, which it is afterwards. Whatever has been compared to the
+    /// end is equal, or there would be no next pair.
+    bool meet(voObj *a, voObj *b) { return !isSole(a) && !isSole(b) && !met.insert({a, b}).second; }
+
+  private:
+    using Key = std::pair<voObj *, voObj *>;
+    std::set<Key, std::less<Key>, Allocator<Key>> met;
+};
+
 bool areContainers(voObj *a, voObj *b) {
     return sortOf(a) == sortOf(b) && sortOf(a)->compare == compareContainers;
 }
@@ -48,6 +62,7 @@ int64_t compareKinds(voObj *a, voObj *b) {
 int64_t compareContainers(voObj *a, voObj *b) {
     if (int64_t order = compareKinds(a, b)) return order;
     Vec<Pair> outer;
+    SharedPairs shared;
     for (Pair pair(a, b);;) {
         if (pair.atEnd()) {
             if (pair.orderAtEnd() || outer.empty()) return pair.orderAtEnd();
@@ -59,7 +74,7 @@ int64_t compareContainers(voObj *a, voObj *b) {
         bool nested = areContainers(itemA, itemB);
         int64_t order = nested ? compareKinds(itemA, itemB) : voObjCompare(itemA, itemB);
         if (order) return order;
-        if (!nested || itemA == itemB) continue;
+        if (!nested || itemA == itemB || shared.meet(itemA, itemB)) continue;
         outer.push_back(pair);
         pair = Pair(itemA, itemB);
     }

@@ -20,7 +20,7 @@ struct HashKeys {
     uint64_t squared; ///< The square of `point`.
     uint64_t scramble;
 
-    /// `(value * factor) mod prime`, but for a multiple of the prime.
+    /// The value modulo the prime, or a small multiple of the prime more.
     static constexpr uint64_t reduce(Wide value) {
         uint64_t once = uint64_t(value & prime) + uint64_t(value >> 61);
         return (once & prime) + (once >> 61);

@@ -4,7 +4,7 @@
 
 /// Held while a module starts or shuts down, so that nobody uses it half-way. Recursive, because a
 /// module may start another one.
-static std::recursive_mutex mutex;
+static constinit std::recursive_mutex mutex;
 
 int voModuleStartup(voModule *module) {
     VO_ASSERT(module);
