@@ -1,0 +1,78 @@
+#include "tests/xml/ns/namespaces.hpp"
+
+using test::mapping;
+using test::str;
+
+namespace {
+
+TEST(NsNamespaceMapping, ANewOneIsAnEmptyDefaultBinding) {
+    Ref made(xmlNsNamespaceMappingCreate());
+    EXPECT_TRUE(xmlNsNamespaceMappingIsDefault(made));
+    EXPECT_FALSE(xmlNsNamespaceMappingHasPrefix(made));
+    EXPECT_FALSE(xmlNsNamespaceMappingHasNamespace(made));
+    EXPECT_EQ(test::text(made), "=");
+}
+
+TEST(NsNamespaceMapping, BothPartsCanBeSetAndRemoved) {
+    Ref changed = mapping("xmlns=urn:x");
+    EXPECT_FALSE(xmlNsNamespaceMappingIsDefault(changed));
+    EXPECT_EQ(test::text(changed), "xmlns=urn:x");
+    xmlNsNamespaceMappingDelPrefix(changed.edit());
+    EXPECT_EQ(test::text(changed), "=urn:x");
+    xmlNsNamespaceMappingDelNamespace(changed.edit());
+    xmlNsNamespaceMappingSetPrefix(changed.edit(), str("xml"));
+    EXPECT_EQ(test::text(changed), "xml=");
+}
+
+TEST(NsNamespaceMapping, ASharedOneIsCopiedBeforeAChange) {
+    Ref original = mapping("p=urn:x");
+    Ref changed(xmlNsNamespaceMappingRetain(original));
+    xmlNsNamespaceMappingSetPrefix(changed.edit(), str("q"));
+    xmlNsNamespaceMappingDelNamespace(changed.edit());
+    EXPECT_EQ(test::text(original), "p=urn:x");
+    EXPECT_EQ(test::text(changed), "q=");
+}
+
+TEST(NsNamespaceMapping, ARecordHoldsThePartsThereAre) {
+    for (auto text : {"p=urn:x", "p=", "=urn:x", "="}) {
+        Ref record(xmlNsNamespaceMappingStore(mapping(text)));
+        const std::string_view view = text;
+        EXPECT_EQ(voStoreLength(record), (view.front() != '=') + (view.back() != '=')) << text;
+        EXPECT_EQ(test::take(xmlNsNamespaceMappingRestore(record)), text);
+    }
+}
+
+TEST(NsNamespaceMapping, RestoringDropsValuesThatAreNotValid) {
+    struct {
+        const char *prefix;
+        const char *ns;
+        const char *expected;
+    } const rows[] = {
+        {"a:b", "urn:x", "=urn:x"},
+        {"", "urn:x", "=urn:x"},
+        {"p", "", "p="},
+        {"p", "http://www.w3.org/2000/xmlns/", "p="},
+        {"xml", "x", "xml=x"},
+    };
+    for (auto &row : rows) {
+        Ref record(voStoreCreate());
+        voStoreSetValueCstr(record.edit(), "prefix", -1, str(row.prefix));
+        voStoreSetValueCstr(record.edit(), "namespace", -1, str(row.ns));
+        EXPECT_EQ(test::take(xmlNsNamespaceMappingRestore(record)), row.expected);
+    }
+}
+
+TEST(NsNamespaceMappingDeathTest, BrokenPreconditionsAbort) {
+    const char *file = "source/xml/ns/xml_ns_namespace_mapping.cpp";
+    Ref made = mapping("p=urn:x");
+    Ref<XML_NS_NAMESPACE_MAPPING> none;
+    EXPECT_ABORT(xmlNsNamespaceMappingSetPrefix(nullptr, nullptr), file, "mapping");
+    EXPECT_ABORT(xmlNsNamespaceMappingDelPrefix(none.edit()), file, "*mapping");
+    EXPECT_ABORT(xmlNsNamespaceMappingSetPrefix(made.edit(), str("a:b")), file,
+                 "xmlNsValuePrefixOk( prefix )");
+    EXPECT_ABORT(xmlNsNamespaceMappingSetNamespace(made.edit(), str("")), file,
+                 "xmlNsValueNamespaceOk( ns )");
+    EXPECT_ABORT((void)xmlNsNamespaceMappingRestore(nullptr), file, "store");
+}
+
+} // namespace
