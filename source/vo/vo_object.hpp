@@ -105,7 +105,10 @@ template <class T> class [[nodiscard]] Ref {
     Ref() : object(nullptr) {}
     explicit Ref(T *adopted) : object(adopted) {}
     Ref(Ref &&other) noexcept : object(std::exchange(other.object, nullptr)) {}
-    Ref &operator=(Ref other) noexcept { return std::swap(object, other.object), *this; }
+    Ref &operator=(Ref other) noexcept {
+        std::swap(object, other.object);
+        return *this;
+    }
     ~Ref() { release(object); }
 
     operator T *() const VO_LIFETIMEBOUND { return object; }

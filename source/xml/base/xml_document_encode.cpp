@@ -1,5 +1,6 @@
 #include "xml/xml_document_encode.h"
 
+#include "source/vo/vo_allocator.hpp"
 #include "source/xml/base/xml_attribute.hpp"
 #include "source/xml/base/xml_attributes.hpp"
 #include "source/xml/base/xml_cdata.hpp"
@@ -12,8 +13,6 @@
 #include "source/xml/base/xml_text.hpp"
 #include "source/xml/base/xml_writer.hpp"
 #include "xml/xml_item_type.h"
-
-#include <vector>
 
 using vo::Ref;
 
@@ -119,7 +118,7 @@ class Encoder {
     };
 
     xml::Writer out;
-    std::vector<Open> open;
+    vo::Vec<Open> open;
 };
 
 } // namespace
