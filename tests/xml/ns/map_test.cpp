@@ -228,7 +228,8 @@ class NsNamespaceMapModel : public testing::Test {
     }
 
     XML_NS_NAMESPACE_MAPPING *expected(int number) {
-        return number < 0 ? nullptr : pool.mappings[size_t(number)];
+        if (number < 0) return nullptr;
+        return pool.mappings[size_t(number)];
     }
 
     /// Compares every mapping and one lookup of each kind, by identity.
@@ -301,11 +302,11 @@ TEST(NsNamespaceMap, GrowsInTimeInProportionToItsLength) {
 TEST(NsNamespaceMapDeathTest, BrokenPreconditionsAbort) {
     const char *file = "source/xml/ns/xml_ns_namespace_map.cpp";
     Map made = map("p=a"), none;
-    EXPECT_ABORT((void)xmlNsNamespaceMapLength(nullptr), file, "map");
+    EXPECT_ABORT(xmlNsNamespaceMapLength(nullptr), file, "map");
     EXPECT_ABORT(xmlNsNamespaceMapAppendMapping(none.edit(), mapping("p=")), file, "*map");
     EXPECT_ABORT(xmlNsNamespaceMapAppendMapping(made.edit(), nullptr), file, "mapping");
     EXPECT_ABORT(xmlNsNamespaceMapInsert(made.edit(), 0, nullptr), file, "other");
-    EXPECT_ABORT((void)xmlNsNamespaceMapRestore(nullptr), file, "store");
+    EXPECT_ABORT(Map(xmlNsNamespaceMapRestore(nullptr)), file, "store");
     Ref strings(voVectorCreate());
     voVectorAppendObj(strings.edit(), voStringObj(str("p=a")));
     EXPECT_ABORT(xmlNsNamespaceMapSetMappingsVector(made.edit(), strings), file,
