@@ -1,7 +1,7 @@
 // Memory for the many objects that a decoder makes at once.
 #pragma once
 
-#include "source/vo/vo_object.hpp"
+#include "source/vo/vo_array.hpp"
 
 namespace vo {
 
@@ -40,29 +40,36 @@ class ChunkPlacer {
     ChunkPlacer &operator=(const ChunkPlacer &) = delete;
     ~ChunkPlacer() { close(); }
 
-    /// A new object of `size` bytes with a count of 1; the caller sets its fields.
-    template <class T> T *create(voSort *sort, int64_t size = sizeof(T)) {
-        return reinterpret_cast<T *>(place(size, sort));
+    /// A new object with a count of 1; the caller sets its fields.
+    template <class T> T *create(voSort *sort) {
+        return reinterpret_cast<T *>(place(sizeof(T), sort));
+    }
+
+    /// A new array; the caller sets its items. In a chunk it takes what it needs; outside it has
+    /// the room that every array of its own has.
+    template <class A> A *createArray(voSort *sort, int64_t length) {
+        const int64_t size = int64_t{sizeof(A)} + length * int64_t{sizeof(typename A::Item)};
+        if (!isPlaced(size)) return vo::createArray<A>(sort, length);
+        auto *array = reinterpret_cast<A *>(place(size, sort));
+        array->length = length;
+        return array;
     }
 
   private:
+    /// Whether an object goes into a chunk. A large one would waste the rest of a chunk and keep it
+    /// all alive.
+    static constexpr bool isPlaced(int64_t size) { return VO_CHUNKS && size <= Chunk::largest / 4; }
+
     voObj *place(int64_t size, voSort *sort) {
-#if VO_CHUNKS
+        if (!isPlaced(size)) return vo___ObjCreate(size, sort);
         size = (size + 7) & ~int64_t{7};
-        if (size > end - next) {
-            // A large object would waste the rest of a chunk and keep it all alive.
-            if (size > Chunk::largest / 4) return vo___ObjCreate(size, sort);
-            open(size);
-        }
+        if (size > end - next) open(size);
         auto *object = reinterpret_cast<voObj *>(next);
         next += size;
         ++placed;
         object->taggedSort = reinterpret_cast<voSort *>(reinterpret_cast<uintptr_t>(sort) | tag);
         object->refs.store(1, std::memory_order_relaxed);
         return object;
-#else
-        return vo___ObjCreate(size, sort);
-#endif
     }
 
     void open(int64_t size) {

@@ -37,16 +37,14 @@ bool Builder::isAscii(Piece piece) {
 voString *Builder::string(Piece piece) {
     const bool plain = isAscii(piece);
     int64_t length = plain ? piece.size() : vo::countUtf8(piece.begin, piece.end);
-    auto *string = place.create<voString>(sorts.string, int64_t{sizeof(voString)} + length * 4);
-    string->length = length;
+    auto *string = place.createArray<voString>(sorts.string, length);
     vo::widenUtf8(string->items(), piece.begin, piece.end);
     return string;
 }
 
 template <class T> voVector *Builder::vector(std::span<T *> objects) {
     auto length = int64_t(objects.size());
-    auto *vector = place.create<voVector>(sorts.vector, int64_t{sizeof(voVector)} + length * 8);
-    vector->length = length;
+    auto *vector = place.createArray<voVector>(sorts.vector, length);
     std::transform(objects.begin(), objects.end(), vector->items(), vo::obj<T>);
     return vector;
 }
