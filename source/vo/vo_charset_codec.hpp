@@ -27,6 +27,11 @@ inline constexpr uint8_t replacement[] = {0xEF, 0xBF, 0xBD};
 
 bool validUtf8(Bytes bytes);
 
+/// What stands at `at`: the length of a well-formed character, 0 for the beginning of one that
+/// `end` cuts off, or minus the number of bytes that are ill-formed together, which are as many as
+/// could still have begun a character.
+int utf8SequenceAt(const uint8_t *at, const uint8_t *end);
+
 /// The string that well-formed UTF-8 stands for.
 voString *stringFromUtf8(Bytes utf8);
 

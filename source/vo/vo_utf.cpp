@@ -1,50 +1,15 @@
-// UTF-8 as bytes that may be wrong, and strings from and to UTF-8.
+// Strings from and to UTF-8.
 #include "source/vo/vo_utf.hpp"
 
 #include "source/vo/vo_charset_codec.hpp"
 #include "vo/vo_string.h"
 
 namespace vo {
-namespace {
-
-/// What stands at `at`: the length of a well-formed character, 0 for the beginning of one that
-/// `end` cuts off, or minus the number of bytes that are ill-formed together, which are as many as
-/// could still have begun a character.
-int sequenceAt(const uint8_t *at, const uint8_t *end) {
-    uint8_t lead = *at;
-    if (lead < 0x80) return 1;
-    if (lead < 0xC2 || lead > 0xF4) return -1;
-    int length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    // Narrower for the second byte where overlong forms, surrogates or too large values begin.
-    uint8_t low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-    uint8_t high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-    for (int i = 1; i < length; ++i, low = 0x80, high = 0xBF) {
-        if (at + i == end) return 0;
-        if (at[i] < low || at[i] > high) return -i;
-    }
-    return length;
-}
-
-} // namespace
-
-bool validUtf8(Bytes bytes) {
-    const uint8_t *at = bytes.data(), *end = at + bytes.size();
-    while ((at = skipAscii(at, end)) < end) {
-        const uint8_t *stop = end - at < 64 ? end : at + 64;
-        while (at < stop) {
-            int length = sequenceAt(at, end);
-            if (length <= 0) return false;
-            at += length;
-        }
-    }
-    return true;
-}
-
 bool decodeUtf8Text(voCharset, Bytes bytes, bool lenient, BufferBuilder &out) {
     if (!lenient) return validUtf8(bytes) && (out.append(bytes), true);
     const uint8_t *at = bytes.data(), *end = at + bytes.size();
     while (at < end) {
-        int length = sequenceAt(at, end);
+        int length = utf8SequenceAt(at, end);
         if (length == 0) break;
         out.append(length > 0 ? Bytes(at, size_t(length)) : replacement);
         at += length > 0 ? length : -length;

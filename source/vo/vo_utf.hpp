@@ -49,8 +49,16 @@ inline int encodeUtf8(uint8_t *out, uint32_t ch) {
     return out[0] = uint8_t(0xF0 | ch >> 18), out[1] = low(12), out[2] = low(6), out[3] = low(0), 4;
 }
 
+/// Whether 8 bytes are ASCII.
+inline bool isAscii8(const uint8_t *at) {
+    uint64_t bytes;
+    std::memcpy(&bytes, at, sizeof bytes);
+    return !(bytes & 0x8080808080808080);
+}
+
 #if defined(__SSE2__)
 
+inline __m128i load8(const void *at) { return _mm_loadl_epi64(static_cast<const __m128i *>(at)); }
 inline __m128i load16(const void *at) { return _mm_loadu_si128(static_cast<const __m128i *>(at)); }
 inline void store16(void *at, __m128i value) {
     _mm_storeu_si128(static_cast<__m128i *>(at), value);
@@ -83,6 +91,31 @@ inline int widenPairs(uint32_t *out, __m128i bytes) {
     return std::countr_one(unsigned(_mm_movemask_epi8(pairs))) / 2;
 }
 
+/// Writes 16 code points as bytes; gives how many of the first of them are ASCII and so right.
+inline int narrow16(uint8_t *out, const uint32_t *at) {
+    __m128i high = _mm_set1_epi32(~0x7F), zero = _mm_setzero_si128();
+    __m128i a = load16(at), b = load16(at + 4), c = load16(at + 8), d = load16(at + 12);
+    store16(out, _mm_packus_epi16(_mm_packs_epi32(a, b), _mm_packs_epi32(c, d)));
+    auto isAscii = [&](__m128i chars) { return _mm_cmpeq_epi32(_mm_and_si128(chars, high), zero); };
+    __m128i all = _mm_or_si128(_mm_or_si128(a, b), _mm_or_si128(c, d));
+    if (_mm_movemask_epi8(isAscii(all)) == 0xFFFF) return 16;
+    __m128i ascii = _mm_packs_epi16(_mm_packs_epi32(isAscii(a), isAscii(b)),
+                                    _mm_packs_epi32(isAscii(c), isAscii(d)));
+    return std::countr_one(notAscii16(ascii));
+}
+
+/// Writes 8 code points as sequences of two bytes; gives how many of the first of them are that.
+inline int narrowPairs(uint8_t *out, const uint32_t *at) {
+    __m128i chars = _mm_packs_epi32(load16(at), load16(at + 4));
+    __m128i pairs = _mm_and_si128(_mm_cmpgt_epi16(chars, _mm_set1_epi16(0x7F)),
+                                  _mm_cmplt_epi16(chars, _mm_set1_epi16(0x800)));
+    __m128i lead = _mm_or_si128(_mm_srli_epi16(chars, 6), _mm_set1_epi16(0xC0));
+    __m128i low = _mm_and_si128(chars, _mm_set1_epi16(0x3F));
+    __m128i next = _mm_slli_epi16(_mm_or_si128(low, _mm_set1_epi16(0x80)), 8);
+    store16(out, _mm_or_si128(lead, next));
+    return std::countr_one(unsigned(_mm_movemask_epi8(pairs))) / 2;
+}
+
 #endif
 
 /// Skips ASCII; gives the first byte that is not, or `end`.
@@ -94,12 +127,9 @@ inline const uint8_t *skipAscii(const uint8_t *at, const uint8_t *end) {
             break;
     for (; end - at >= 16; at += 16)
         if (unsigned mask = notAscii16(load16(at))) return at + std::countr_zero(mask);
-#else
-    for (uint64_t word; end - at >= 8; at += 8) {
-        std::memcpy(&word, at, 8);
-        if (word & 0x8080808080808080) break;
-    }
 #endif
+    while (end - at >= 8 && isAscii8(at))
+        at += 8;
     while (at < end && *at < 0x80)
         ++at;
     return at;
@@ -128,19 +158,23 @@ inline int64_t countUtf8(const uint8_t *at, const uint8_t *end) {
 /// the end of what it wrote.
 inline uint32_t *widenUtf8(uint32_t *out, const uint8_t *at, const uint8_t *end) {
 #if defined(__SSE2__)
-    // 64 bytes are at least 16 characters, so a step may write 16 and keep fewer.
+    // By what the next character is, which is easy to predict. 64 bytes are at least 16 characters,
+    // so a step may write 16 and keep fewer.
     while (end - at >= 64) {
-        __m128i bytes = load16(at);
-        unsigned mask = notAscii16(bytes);
-        if (mask == 0 || !(mask & 1)) {
-            int count = mask ? std::countr_zero(mask) : 16;
+        if (*at < 0x80) {
+            __m128i bytes = load16(at);
             widen16(out, bytes);
-            at += count;
-            out += count;
+            if (unsigned mask = notAscii16(bytes)) {
+                int ascii = std::countr_zero(mask);
+                at += ascii, out += ascii;
+                if (*at < 0xE0) *out++ = decodeUtf8(at, end); // often alone
+            } else {
+                at += 16, out += 16;
+            }
         } else if (*at < 0xE0) {
-            int count = widenPairs(out, bytes);
-            at += 2 * count;
-            out += count;
+            int pairs = widenPairs(out, load16(at));
+            at += 2 * pairs, out += pairs;
+            if (*at < 0x80) *out++ = *at++; // most often the end of a word
         } else {
             for (const uint8_t *stop = at + 24; at < stop && *at >= 0xE0;)
                 *out++ = decodeUtf8(at, end);
@@ -148,6 +182,8 @@ inline uint32_t *widenUtf8(uint32_t *out, const uint8_t *at, const uint8_t *end)
     }
     for (; end - at >= 16 && !notAscii16(load16(at)); at += 16, out += 16)
         widen16(out, load16(at));
+    for (; end - at >= 8 && isAscii8(at); at += 8, out += 8)
+        widen8(out, _mm_unpacklo_epi8(load8(at), _mm_setzero_si128()));
 #endif
     while (at < end)
         *out++ = decodeUtf8(at, end);
@@ -157,21 +193,32 @@ inline uint32_t *widenUtf8(uint32_t *out, const uint8_t *at, const uint8_t *end)
 /// Writes code points as UTF-8 and gives the end of what it wrote, or null when one is a surrogate
 /// or above U+10FFFF. Needs room for four bytes for each, which it may write to.
 inline uint8_t *narrowToUtf8(uint8_t *out, const uint32_t *at, const uint32_t *end) {
-    while (at < end) {
 #if defined(__SSE2__)
-        for (; end - at >= 16; at += 16, out += 16) {
-            __m128i a = load16(at), b = load16(at + 4), c = load16(at + 8), d = load16(at + 12);
-            __m128i all = _mm_or_si128(_mm_or_si128(a, b), _mm_or_si128(c, d));
-            __m128i high = _mm_and_si128(all, _mm_set1_epi32(~0x7F));
-            if (_mm_movemask_epi8(_mm_cmpeq_epi32(high, _mm_setzero_si128())) != 0xFFFF) break;
-            store16(out, _mm_packus_epi16(_mm_packs_epi32(a, b), _mm_packs_epi32(c, d)));
+    // As in widenUtf8(): a step may write more than it keeps.
+    while (end - at >= 32) {
+        if (*at < 0x80) {
+            int ascii = narrow16(out, at);
+            if (ascii == 16) {
+                at += 16, out += 16;
+                continue;
+            }
+            at += ascii, out += ascii;
+            if (*at < 0x800) out += encodeUtf8(out, *at++);
+        } else if (*at < 0x800) {
+            int pairs = narrowPairs(out, at);
+            at += pairs, out += 2 * pairs;
+            if (*at < 0x80) *out++ = uint8_t(*at++);
+        } else {
+            for (const uint32_t *stop = at + 16; at < stop && *at >= 0x800;) {
+                if (!isScalar(*at)) return nullptr;
+                out += encodeUtf8(out, *at++);
+            }
         }
+    }
 #endif
-        // Mixed text: a stretch of single steps before the next try at a block.
-        for (const uint32_t *stop = end - at < 16 ? end : at + 16; at < stop; ++at) {
-            if (!isScalar(*at)) return nullptr;
-            out += encodeUtf8(out, *at);
-        }
+    for (; at < end; ++at) {
+        if (!isScalar(*at)) return nullptr;
+        out += encodeUtf8(out, *at);
     }
     return out;
 }

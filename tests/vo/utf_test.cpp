@@ -65,14 +65,17 @@ TEST(Utf8, AnIllFormedSequenceIsRefusedWhereverItStands) {
 
 TEST(Utf8, BytesAreWellFormedExactlyWhenTheDefinitionSaysSo) {
     constexpr uint8_t edges[] = {0x00, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC0, 0xC2, 0xFF};
+    const std::string filler = "\u044F\u044F\u044F\u044F\u044F\u044F\u044F\u044F\u044F";
     for (int lead = 0; lead < 256; ++lead)
         for (uint8_t second : edges)
             for (uint8_t third : edges)
                 for (uint8_t fourth : edges) {
                     const char bytes[] = {char(lead), char(second), char(third), char(fourth)};
                     std::string_view text(bytes, 4);
-                    ASSERT_EQ(bool(decoded(text)), test::naiveDecode(text).has_value())
-                        << testing::PrintToString(text);
+                    bool right = test::naiveDecode(text).has_value();
+                    ASSERT_EQ(bool(decoded(text)), right) << testing::PrintToString(text);
+                    std::string embedded = filler + std::string(text) + filler;
+                    ASSERT_EQ(bool(decoded(embedded)), right) << testing::PrintToString(text);
                 }
 }
 
