@@ -2,7 +2,7 @@
 #include "source/vo/vo_charset_codec.hpp"
 #include "source/vo/vo_utf.hpp"
 
-#if defined(__x86_64__) && defined(__GNUC__)
+#if defined(__SSE2__) && defined(__GNUC__)
 #include <tmmintrin.h>
 #define VO_VECTOR_CHECK __attribute__((target("ssse3")))
 #endif
