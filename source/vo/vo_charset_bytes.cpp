@@ -21,7 +21,7 @@ const char *converterName(voCharset charset) {
     return names[charset];
 }
 
-/// The characters of a character set by their bytes, and the way back.
+/// The characters of a character set by their bytes.
 class ByteTable {
   public:
     static constexpr uint32_t none = UINT32_MAX;
@@ -40,20 +40,6 @@ class ByteTable {
 
     bool isComplete() const { return complete; }
     uint32_t charOf(uint8_t byte) const { return chars[byte]; }
-
-    /// For byteOf(): sorts the upper half by character.
-    void prepareEncoding() {
-        for (uint32_t byte = 128; byte < 256; ++byte)
-            order[byte - 128] = chars[byte] == none ? none : chars[byte] << 8 | byte;
-        std::sort(order.begin(), order.end());
-    }
-
-    /// The byte of a character; -1 when there is none.
-    int byteOf(uint32_t ch) const {
-        if (ch < 256 && chars[ch] == ch) return int(ch);
-        const uint32_t *entry = std::lower_bound(order.begin(), order.end(), ch << 8);
-        return entry != order.end() && *entry >> 8 == ch ? int(*entry & 0xFF) : -1;
-    }
 
   private:
     /// Converts byte by byte, so that letters and accents are not composed: every byte has the one
@@ -76,7 +62,28 @@ class ByteTable {
 
     bool complete = true;
     std::array<uint32_t, 256> chars;
-    std::array<uint32_t, 128> order; ///< Character and byte.
+};
+
+/// The way back: pages of 64 characters, of which those without a byte share the first.
+class CharTable {
+  public:
+    explicit CharTable(const ByteTable &table) {
+        int used = 0;
+        for (uint32_t byte = 1; byte < 256; ++byte) {
+            uint32_t ch = table.charOf(uint8_t(byte));
+            if (ch == ByteTable::none) continue;
+            uint8_t &page = pageOf[ch / 64];
+            if (!page) page = uint8_t(++used);
+            bytes[page][ch % 64] = uint8_t(byte);
+        }
+    }
+
+    /// The byte of a character other than NUL; 0 when there is none.
+    uint8_t byteOf(uint32_t ch) const { return ch > 0xFFFF ? 0 : bytes[pageOf[ch / 64]][ch % 64]; }
+
+  private:
+    std::array<uint8_t, 1024> pageOf = {};
+    uint8_t bytes[256][64] = {};
 };
 
 /// Appends the ASCII in front and gives the end of the next stretch, to be converted one by one.
@@ -107,17 +114,18 @@ bool decodeBytes(voCharset charset, Bytes bytes, bool lenient, BufferBuilder &ou
 }
 
 bool encodeBytes(voCharset charset, Bytes utf8, BufferBuilder &out) {
-    ByteTable table(charset);
+    const ByteTable table(charset);
     if (!table.isComplete()) return false;
-    table.prepareEncoding();
+    const CharTable chars(table);
     const uint8_t *at = utf8.data(), *end = at + utf8.size();
     while (at < end) {
         const uint8_t *stop = copyAscii(at, end, out);
         uint8_t *to = out.reserve(64);
         while (at < stop) {
-            int byte = table.byteOf(decodeUtf8(at, end));
-            if (byte < 0) return false;
-            *to++ = uint8_t(byte);
+            uint32_t ch = decodeUtf8(at, end);
+            uint8_t byte = chars.byteOf(ch);
+            if (!byte && ch) return false;
+            *to++ = byte;
         }
         out.wrote(to);
     }

@@ -44,90 +44,63 @@ bool validEach(const uint8_t *at, const uint8_t *end) {
 // Instruction Per Byte". What can be wrong with two bytes in a row shows in both halves of the
 // first and the high half of the second. Each half admits some of the faults; there is one where
 // all three agree.
-enum : uint8_t {
-    tooShort = 1,      // a character does not go on
-    tooLong = 2,       // ASCII goes on
-    overlong2 = 4,     // C0 or C1
-    overlong3 = 8,     // E0 80..9F
-    overlong4 = 16,    // F0 80..8F
-    tooLarge8 = 16,    // F5..FF 80..8F
-    tooLarge = 32,     // F4..FF 90..BF
-    surrogate = 64,    // ED A0..BF
-    twoContinue = 128, // a fault unless they are third or fourth in their character
-    any = tooShort | tooLong | twoContinue,
+constexpr int tooShort = 1;      // a character does not go on
+constexpr int tooLong = 2;       // ASCII goes on
+constexpr int overlong2 = 4;     // C0 or C1
+constexpr int overlong3 = 8;     // E0 80..9F
+constexpr int overlong4 = 16;    // F0 80..8F
+constexpr int tooLarge8 = 16;    // F5..FF 80..8F
+constexpr int tooLarge = 32;     // F4..FF 90..BF
+constexpr int surrogate = 64;    // ED A0..BF
+constexpr int twoContinue = 128; // right only in the third and fourth places of a character
+constexpr int any = tooShort | tooLong | twoContinue;
+
+struct alignas(16) Table {
+    uint8_t faults[16];
 };
 
-VO_VECTOR_CHECK __m128i lookUp(const uint8_t (&table)[16], __m128i nibbles) {
-    return _mm_shuffle_epi8(load16(table), nibbles);
+/// A table from what is added for each half, 0 to 15.
+template <class FaultsOf> constexpr Table tabulate(FaultsOf faultsOf) {
+    Table table = {};
+    for (int half = 0; half < 16; ++half)
+        table.faults[half] = uint8_t(faultsOf(half));
+    return table;
+}
+
+constexpr Table firstHigh = tabulate([](int half) {
+    if (half < 0xC) return half < 8 ? tooLong : twoContinue;
+    return tooShort | (half == 0xC ? overlong2 : 0) | (half == 0xE ? overlong3 | surrogate : 0) |
+           (half == 0xF ? overlong4 | tooLarge8 | tooLarge : 0);
+});
+constexpr Table firstLow = tabulate([](int half) {
+    return any | (half == 0 ? overlong3 | overlong4 : 0) | (half < 2 ? overlong2 : 0) |
+           (half >= 4 ? tooLarge : 0) | (half >= 5 ? tooLarge8 : 0) | (half == 0xD ? surrogate : 0);
+});
+constexpr Table secondHigh = tabulate([](int half) {
+    if (half < 8 || half >= 0xC) return tooShort;
+    return tooLong | twoContinue | overlong2 | (half == 8 ? overlong4 | tooLarge8 : tooLarge) |
+           (half < 0xA ? overlong3 : surrogate);
+});
+
+VO_VECTOR_CHECK __m128i lookUp(const Table &table, __m128i halves) {
+    return _mm_shuffle_epi8(load16(table.faults), halves);
 }
 
 VO_VECTOR_CHECK __m128i highHalves(__m128i bytes) {
     return _mm_and_si128(_mm_srli_epi16(bytes, 4), _mm_set1_epi8(15));
 }
 
+/// The faults of each pair of bytes: a first and the second in the same place.
 VO_VECTOR_CHECK __m128i pairFaults(__m128i first, __m128i second) {
-    constexpr uint8_t e = tooShort | overlong3 | surrogate;
-    constexpr uint8_t f = tooShort | tooLarge | tooLarge8 | overlong4;
-    alignas(16) static constexpr uint8_t firstHigh[16] = {tooLong,
-                                                          tooLong,
-                                                          tooLong,
-                                                          tooLong,
-                                                          tooLong,
-                                                          tooLong,
-                                                          tooLong,
-                                                          tooLong,
-                                                          twoContinue,
-                                                          twoContinue,
-                                                          twoContinue,
-                                                          twoContinue,
-                                                          tooShort | overlong2,
-                                                          tooShort,
-                                                          e,
-                                                          f};
-    constexpr uint8_t large = any | tooLarge | tooLarge8;
-    alignas(16) static constexpr uint8_t firstLow[16] = {any | overlong3 | overlong2 | overlong4,
-                                                         any | overlong2,
-                                                         any,
-                                                         any,
-                                                         any | tooLarge,
-                                                         large,
-                                                         large,
-                                                         large,
-                                                         large,
-                                                         large,
-                                                         large,
-                                                         large,
-                                                         large,
-                                                         large | surrogate,
-                                                         large,
-                                                         large};
-    constexpr uint8_t follows = tooLong | overlong2 | twoContinue;
-    alignas(16) static constexpr uint8_t secondHigh[16] = {tooShort,
-                                                           tooShort,
-                                                           tooShort,
-                                                           tooShort,
-                                                           tooShort,
-                                                           tooShort,
-                                                           tooShort,
-                                                           tooShort,
-                                                           follows | overlong3 | tooLarge8 |
-                                                               overlong4,
-                                                           follows | overlong3 | tooLarge,
-                                                           follows | surrogate | tooLarge,
-                                                           follows | surrogate | tooLarge,
-                                                           tooShort,
-                                                           tooShort,
-                                                           tooShort,
-                                                           tooShort};
     __m128i low = _mm_and_si128(first, _mm_set1_epi8(15));
-    return _mm_and_si128(_mm_and_si128(lookUp(firstHigh, highHalves(first)), lookUp(firstLow, low)),
-                         lookUp(secondHigh, highHalves(second)));
+    __m128i both = _mm_and_si128(lookUp(firstHigh, highHalves(first)), lookUp(firstLow, low));
+    return _mm_and_si128(both, lookUp(secondHigh, highHalves(second)));
 }
 
 /// Not zero where there is a fault in a block or between it and the one before.
 VO_VECTOR_CHECK __m128i blockFaults(__m128i before, __m128i block) {
     __m128i faults = pairFaults(_mm_alignr_epi8(block, before, 15), block);
-    // The third and fourth bytes of characters must continue one that continues, others must not.
+    // Two bytes that continue are right exactly in the third and fourth places of a character.
     __m128i third = _mm_subs_epu8(_mm_alignr_epi8(block, before, 14), _mm_set1_epi8(0xE0 - 0x80));
     __m128i fourth = _mm_subs_epu8(_mm_alignr_epi8(block, before, 13), _mm_set1_epi8(0xF0 - 0x80));
     __m128i must = _mm_and_si128(_mm_or_si128(third, fourth), _mm_set1_epi8(int8_t(0x80)));

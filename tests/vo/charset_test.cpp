@@ -335,6 +335,18 @@ TEST(Charset, RandomTextSurvivesInEveryUnicodeForm) {
     }
 }
 
+TEST(Charset, ALetterAmongAsciiSurvivesWhereverItStands) {
+    for (size_t length = 1; length <= 70; ++length)
+        for (size_t place = 0; place < length; ++place) {
+            std::u32string text(length, U'x');
+            text[place] = 0xE9;
+            std::string utf8 = test::naiveUtf8(text);
+            for (voCharset id : {VO_CHARSET_ISO_8859_1, VO_CHARSET_UTF_16BE, VO_CHARSET_UTF_16LE,
+                                 VO_CHARSET_UTF_32LE})
+                ASSERT_EQ(readAs(id, writeAs(id, text)), utf8) << id << " at " << place;
+        }
+}
+
 TEST(Charset, LongTextsSurviveInEveryCharset) {
     for (voCharset id = 0; id <= last; ++id) {
         char32_t other = id < VO_CHARSET_SHIFT_JIS ? U'b' : 0x4E2D;
