@@ -134,7 +134,7 @@ TEST(LineCounter, CountsCodePointsAndUtf8Alike) {
             bytePositions.push_back(int64_t(utf8.size()));
         }
         auto *bytes = reinterpret_cast<const uint8_t *>(utf8.data());
-        for (size_t stride : {1, 5}) {
+        for (size_t stride : {size_t{1}, size_t{5}}) {
             countAlong(chars(text), chars(text) + text.size(), positions, flags, expected, stride);
             countAlong(bytes, bytes + utf8.size(), bytePositions, flags, expected, stride);
         }
