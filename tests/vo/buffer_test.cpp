@@ -1,5 +1,7 @@
 #include "tests/support.hpp"
 
+#include <cstring>
+
 using test::buffer;
 using test::bytes;
 
@@ -37,6 +39,14 @@ TEST(Memory, RefusesWhatDoesNotFit) {
     EXPECT_ABORT(voMemAllocN(INT64_MAX, 1), unit, "chars <= mostItems<voString>");
     voMemFree(nullptr);
     voMemFree(voMemAllocN(0, 0));
+}
+
+TEST(Memory, HasRoomForEveryByte) {
+    for (int64_t size = 1; size < 100; ++size) {
+        void *block = voMemAllocN(1, size);
+        std::memset(block, 1, size_t(size));
+        voMemFree(block);
+    }
 }
 
 TEST(Memory, CopiesElements) {

@@ -35,7 +35,9 @@ TEST(Enum, GivesAKnownNameANewValueForItsHolderOnly) {
     voEnumSetEnumerantCstr(en.edit(), "b", -1, 2);
     Ref before(voEnumRetain(en));
     voEnumSetEnumerantCstr(en.edit(), "a", -1, 3);
+    voEnumSetEnumerantCstr(en.edit(), "c", -1, 4);
     EXPECT_EQ(voEnumParse(en, str("a")), 3);
+    EXPECT_EQ(voEnumParse(en, str("c")), 4);
     EXPECT_EQ(voEnumGenerate(en, 1), nullptr);
     EXPECT_EQ(voEnumParse(before, str("a")), 1);
     EXPECT_EQ(voEnumParse(en, str("b")), 2);

@@ -130,8 +130,9 @@ TEST(String, IsAppendedToItself) {
 
 TEST(String, KeepsAPart) {
     Ref string = str("abcdef");
-    EXPECT_EQ(test::take(voStringCreateFromLeading(string, 2)), "ab");
-    EXPECT_EQ(test::take(voStringCreateFromLeading(string, 6)), "abcdef");
+    for (size_t count = 0; count <= 6; ++count)
+        EXPECT_EQ(test::take(voStringCreateFromLeading(string, int64_t(count))),
+                  text(string).substr(0, count));
     voStringDelLeading(string.edit(), 2);
     EXPECT_EQ(text(string), "cdef");
     voStringDelLeading(string.edit(), 4);

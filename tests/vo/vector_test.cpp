@@ -63,6 +63,19 @@ TEST(Vector, ComparesItemByItemThenByLength) {
         }
 }
 
+TEST(Vector, ComparesWhatItHoldsLikewise) {
+    auto around = [](Ref<voVector> inner, const char *last) {
+        Ref outer(voVectorCreate());
+        voVectorAppendObj(outer.edit(), voVectorObj(inner));
+        voVectorAppendObj(outer.edit(), voStringObj(str(last)));
+        return outer;
+    };
+    Ref outer = around(vectorOf({"a"}), "b");
+    EXPECT_TRUE(voVectorEquals(outer, around(vectorOf({"a"}), "b")));
+    EXPECT_LT(voVectorCompare(outer, around(vectorOf({"a", "a"}), "a")), 0);
+    EXPECT_LT(voVectorCompare(outer, around(vectorOf({"a"}), "c")), 0);
+}
+
 TEST(Vector, InsertsBeforeAPlace) {
     Ref vector = vectorOf({"a", "d"});
     voVectorInsert(vector.edit(), 1, vectorOf({"b", "c"}));
