@@ -18,7 +18,8 @@ BLOCK = re.compile(r"^```(\w+)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 
 def program_faults(programs):
     files = {path.read_text(): path.name
-             for path in sorted((ROOT / "examples").glob("*.c*")) if path.suffix in (".c", ".cpp")}
+             for path in sorted((ROOT / "examples").iterdir())
+             if path.suffix in (".c", ".cpp", ".hpp")}
     for text in programs:
         if files.pop(text, None) is None:
             yield f"no file in examples/ is this program:\n{text}"
