@@ -34,7 +34,8 @@ void leaveChunk(Chunk *chunk, int64_t count);
 /// is kept keeps its chunk, at most 64 KB. Not for more than one thread at a time.
 class ChunkPlacer {
   public:
-    /// `expectedBytes` sizes the first chunk, so that a small document keeps little memory.
+    /// `expectedBytes` sizes the first chunk, so that a small document keeps little memory. Each
+    /// further chunk is larger than the one before.
     explicit ChunkPlacer(int64_t expectedBytes) : nextSize(expectedBytes) {}
     ChunkPlacer(const ChunkPlacer &) = delete;
     ChunkPlacer &operator=(const ChunkPlacer &) = delete;
@@ -76,7 +77,7 @@ class ChunkPlacer {
         close();
         int64_t header = sizeof(Chunk);
         chunk = static_cast<Chunk *>(vo___ChunkOpen(nextSize > size ? nextSize : size + header));
-        nextSize = Chunk::largest;
+        nextSize = 4 * chunk->size;
         next = reinterpret_cast<char *>(chunk) + header;
         end = reinterpret_cast<char *>(chunk) + chunk->size;
         tag = uintptr_t(__builtin_ctzll(uint64_t(chunk->size))) - Chunk::tagShift;

@@ -137,11 +137,9 @@ static void removeDisplaced(Map *map, int64_t index, const Map *other) {
 
 // ---------------------------------------------------------------- the map
 
-Map *xmlNsNamespaceMapCreate(void) { return xml::createNamespaceMap(voVectorCreate()); }
-Map *xml::createNamespaceMap(voVector *mappings) {
+Map *xmlNsNamespaceMapCreate(void) {
     auto *map = vo::create<Map>(xmlNsNamespaceMapSort());
-    map->mappings = mappings;
-    xml___NsNamespaceMapBuildCache(&map);
+    map->mappings = voVectorCreate();
     return map;
 }
 

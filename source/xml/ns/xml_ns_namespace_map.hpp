@@ -28,9 +28,6 @@ inline std::span<XML_NS_NAMESPACE_MAPPING *> mappingsOf(const XML_NS_NAMESPACE_M
             size_t(map->mappings->length)};
 }
 
-/// A map of mappings that have a prefix each of its own. Adopts the vector.
-XML_NS_NAMESPACE_MAP *createNamespaceMap(voVector *mappings);
-
 /// The mapping of a prefix, or of the default namespace when that is null. Not a new reference.
 XML_NS_NAMESPACE_MAPPING *findMapping(const XML_NS_NAMESPACE_MAP *map, voString *optionalPrefix);
 

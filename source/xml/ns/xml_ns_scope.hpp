@@ -31,6 +31,7 @@ struct Namespace {
     uint64_t hash = 0;
     Link all;
     Link prefixed;
+    bool isGathered = false; ///< Whether the encoder has found that it needs a prefix.
 
     /// The earliest, or the earliest with a prefix; null when there is none.
     Binding *first() const { return all.next->binding; }
