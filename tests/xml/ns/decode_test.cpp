@@ -144,8 +144,8 @@ TEST(NsDecode, TheResultIsAnOrdinaryTree) {
 }
 
 TEST(NsDecodeDeathTest, AMissingDocumentAborts) {
-    EXPECT_ABORT(Ref(xmlNsDocumentTryDecode(nullptr)), "source/xml/ns/xml_ns_document_decode.cpp",
-                 "doc");
+    EXPECT_ABORT(Ref result(xmlNsDocumentTryDecode(nullptr)),
+                 "source/xml/ns/xml_ns_document_decode.cpp", "doc");
 }
 
 } // namespace

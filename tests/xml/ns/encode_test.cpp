@@ -122,8 +122,8 @@ TEST(NsEncode, SharesWhatItDoesNotConvert) {
 }
 
 TEST(NsEncodeDeathTest, AMissingDocumentAborts) {
-    EXPECT_ABORT(Ref(xmlNsDocumentEncode(nullptr)), "source/xml/ns/xml_ns_document_encode.cpp",
-                 "doc");
+    EXPECT_ABORT(Ref result(xmlNsDocumentEncode(nullptr)),
+                 "source/xml/ns/xml_ns_document_encode.cpp", "doc");
 }
 
 } // namespace

@@ -306,7 +306,7 @@ TEST(NsNamespaceMapDeathTest, BrokenPreconditionsAbort) {
     EXPECT_ABORT(xmlNsNamespaceMapAppendMapping(none.edit(), mapping("p=")), file, "*map");
     EXPECT_ABORT(xmlNsNamespaceMapAppendMapping(made.edit(), nullptr), file, "mapping");
     EXPECT_ABORT(xmlNsNamespaceMapInsert(made.edit(), 0, nullptr), file, "other");
-    EXPECT_ABORT(Map(xmlNsNamespaceMapRestore(nullptr)), file, "store");
+    EXPECT_ABORT(Ref restored(xmlNsNamespaceMapRestore(nullptr)), file, "store");
     Ref strings(voVectorCreate());
     voVectorAppendObj(strings.edit(), voStringObj(str("p=a")));
     EXPECT_ABORT(xmlNsNamespaceMapSetMappingsVector(made.edit(), strings), file,

@@ -72,7 +72,7 @@ TEST(NsNamespaceMappingDeathTest, BrokenPreconditionsAbort) {
                  "xmlNsValuePrefixOk( prefix )");
     EXPECT_ABORT(xmlNsNamespaceMappingSetNamespace(made.edit(), str("")), file,
                  "xmlNsValueNamespaceOk( ns )");
-    EXPECT_ABORT(Ref(xmlNsNamespaceMappingRestore(nullptr)), file, "store");
+    EXPECT_ABORT(Ref result(xmlNsNamespaceMappingRestore(nullptr)), file, "store");
 }
 
 } // namespace
