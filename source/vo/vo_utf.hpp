@@ -116,6 +116,48 @@ inline int narrowPairs(uint8_t *out, const uint32_t *at) {
     return std::countr_one(unsigned(_mm_movemask_epi8(pairs))) / 2;
 }
 
+/// Takes the next few characters, by what the first is, which is easy to predict. There must be 64
+/// bytes: they are at least 16 characters, so that it may write 16 and keep fewer.
+[[gnu::always_inline]] inline void widenStep(uint32_t *&out, const uint8_t *&at,
+                                             const uint8_t *end) {
+    if (*at >= 0xE0) {
+        for (const uint8_t *stop = at + 24; at < stop && *at >= 0xE0;)
+            *out++ = decodeUtf8(at, end);
+    } else if (*at >= 0x80) {
+        int pairs = widenPairs(out, load16(at));
+        at += 2 * pairs, out += pairs;
+        if (*at < 0x80) *out++ = *at++; // most often the end of a word
+    } else if (unsigned mask = notAscii16(load16(at))) {
+        int ascii = std::countr_zero(mask);
+        widen16(out, load16(at));
+        at += ascii, out += ascii;
+        if (*at < 0xE0) *out++ = decodeUtf8(at, end); // often alone
+    } else {
+        widen16(out, load16(at));
+        at += 16, out += 16;
+    }
+}
+
+/// The way back; there must be 32 characters. False when one of them is none.
+[[gnu::always_inline]] inline bool narrowStep(uint8_t *&out, const uint32_t *&at) {
+    if (*at >= 0x800) {
+        for (const uint32_t *stop = at + 16; at < stop && *at >= 0x800; ++at) {
+            if (!isScalar(*at)) return false;
+            out += encodeUtf8(out, *at);
+        }
+    } else if (*at >= 0x80) {
+        int pairs = narrowPairs(out, at);
+        at += pairs, out += 2 * pairs;
+        if (*at < 0x80) *out++ = uint8_t(*at++);
+    } else if (int ascii = narrow16(out, at); ascii < 16) {
+        at += ascii, out += ascii;
+        if (*at < 0x800) out += encodeUtf8(out, *at++);
+    } else {
+        at += 16, out += 16;
+    }
+    return true;
+}
+
 #endif
 
 /// Skips ASCII; gives the first byte that is not, or `end`.
@@ -158,28 +200,8 @@ inline int64_t countUtf8(const uint8_t *at, const uint8_t *end) {
 /// the end of what it wrote.
 inline uint32_t *widenUtf8(uint32_t *out, const uint8_t *at, const uint8_t *end) {
 #if defined(__SSE2__)
-    // By what the next character is, which is easy to predict. 64 bytes are at least 16 characters,
-    // so a step may write 16 and keep fewer.
-    while (end - at >= 64) {
-        if (*at < 0x80) {
-            __m128i bytes = load16(at);
-            widen16(out, bytes);
-            if (unsigned mask = notAscii16(bytes)) {
-                int ascii = std::countr_zero(mask);
-                at += ascii, out += ascii;
-                if (*at < 0xE0) *out++ = decodeUtf8(at, end); // often alone
-            } else {
-                at += 16, out += 16;
-            }
-        } else if (*at < 0xE0) {
-            int pairs = widenPairs(out, load16(at));
-            at += 2 * pairs, out += pairs;
-            if (*at < 0x80) *out++ = *at++; // most often the end of a word
-        } else {
-            for (const uint8_t *stop = at + 24; at < stop && *at >= 0xE0;)
-                *out++ = decodeUtf8(at, end);
-        }
-    }
+    while (end - at >= 64)
+        widenStep(out, at, end);
     for (; end - at >= 16 && !notAscii16(load16(at)); at += 16, out += 16)
         widen16(out, load16(at));
     for (; end - at >= 8 && isAscii8(at); at += 8, out += 8)
@@ -194,27 +216,8 @@ inline uint32_t *widenUtf8(uint32_t *out, const uint8_t *at, const uint8_t *end)
 /// or above U+10FFFF. Needs room for four bytes for each, which it may write to.
 inline uint8_t *narrowToUtf8(uint8_t *out, const uint32_t *at, const uint32_t *end) {
 #if defined(__SSE2__)
-    // As in widenUtf8(): a step may write more than it keeps.
-    while (end - at >= 32) {
-        if (*at < 0x80) {
-            int ascii = narrow16(out, at);
-            if (ascii == 16) {
-                at += 16, out += 16;
-                continue;
-            }
-            at += ascii, out += ascii;
-            if (*at < 0x800) out += encodeUtf8(out, *at++);
-        } else if (*at < 0x800) {
-            int pairs = narrowPairs(out, at);
-            at += pairs, out += 2 * pairs;
-            if (*at < 0x80) *out++ = uint8_t(*at++);
-        } else {
-            for (const uint32_t *stop = at + 16; at < stop && *at >= 0x800;) {
-                if (!isScalar(*at)) return nullptr;
-                out += encodeUtf8(out, *at++);
-            }
-        }
-    }
+    while (end - at >= 32)
+        if (!narrowStep(out, at)) return nullptr;
 #endif
     for (; at < end; ++at) {
         if (!isScalar(*at)) return nullptr;
