@@ -2,6 +2,8 @@
 
 #include "source/vo/vo_live.hpp"
 
+#include <ctime>
+
 namespace test {
 
 Ref<voString> str(std::string_view utf8) {
@@ -31,6 +33,12 @@ Ref<voBuffer> buffer(std::string_view bytes) {
 std::string bytes(voBuffer *buffer) {
     return {reinterpret_cast<const char *>(voBufferBacking(buffer)),
             size_t(voBufferLength(buffer))};
+}
+
+double threadSeconds() {
+    timespec used;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
+    return double(used.tv_sec) + double(used.tv_nsec) * 1e-9;
 }
 
 std::string abortPattern(std::string_view file, std::string_view text) {

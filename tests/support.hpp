@@ -29,6 +29,10 @@ std::string take(voString *string);
 Ref<voBuffer> buffer(std::string_view bytes);
 std::string bytes(voBuffer *buffer);
 
+/// Processor time that the calling thread has used, in seconds. Unlike the time of day it does not
+/// pass faster on a busy machine.
+double threadSeconds();
+
 /// `file:line: text` for any line as a regular expression, for EXPECT_ABORT.
 std::string abortPattern(std::string_view file, std::string_view text);
 
