@@ -2,7 +2,7 @@
 
 Usage: readme.py FOLDER_OF_THE_TOOL
 A block marked "console" holds commands after "$ " and the output of each; "..." stands for any
-lines. The commands run in the examples folder, which is put back as it was by using a copy.
+lines. The commands run in a copy of the examples folder.
 """
 import os
 import pathlib
@@ -31,7 +31,8 @@ def console_faults(session, folder, environment):
     for command, expected in re.findall(r"^\$ (.*)\n((?:(?!\$ ).*\n)*)", session, re.MULTILINE):
         result = subprocess.run(command, shell=True, cwd=folder, env=environment, text=True,
                                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-        pattern = re.escape(expected).replace(r"\.\.\.\n", r"(?:.*\n)*")
+        pattern = "".join(r"(?:.*\n)*" if line == "...\n" else re.escape(line)
+                          for line in expected.splitlines(keepends=True))
         if not re.fullmatch(pattern, result.stdout):
             yield f"$ {command}\nprinted\n{result.stdout}instead of\n{expected}"
 
