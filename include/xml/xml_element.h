@@ -106,7 +106,8 @@ VO_API void xmlElementDelAttribute(XML_ELEMENT **el, voString *name);
 
 /** @name Children
  *  Each works on the element's item list as the operation of that name in xml_items.h does; the
- *  operations on a whole list are called ...ItemsLength, ...InsertItems and so on. @{ */
+ *  operations on a whole list are called ...ItemsLength, ...InsertItems and so on. An
+ *  element that is put into itself then holds itself as it was before. @{ */
 VO_API int64_t xmlElementItemsLength(XML_ELEMENT *el);
 VO_NEW XML_ITEM *xmlElementItemAt(XML_ELEMENT *el, int64_t index);
 VO_API XML_ITEM_TYPE xmlElementItemTypeAt(XML_ELEMENT *el, int64_t index);

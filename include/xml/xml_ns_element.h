@@ -144,7 +144,8 @@ VO_API void xmlNsElementDelAttribute(XML_NS_ELEMENT **el, voString *localName,
 
 /** @name Children
  *  Each works on the element's item list as the operation of that name in xml_ns_items.h does; the
- *  operations on a whole list are called ...ItemsLength, ...InsertItems and so on. @{ */
+ *  operations on a whole list are called ...ItemsLength, ...InsertItems and so on. An
+ *  element that is put into itself then holds itself as it was before. @{ */
 VO_API int64_t xmlNsElementItemsLength(XML_NS_ELEMENT *el);
 VO_NEW XML_NS_ITEM *xmlNsElementItemAt(XML_NS_ELEMENT *el, int64_t index);
 VO_API XML_ITEM_TYPE xmlNsElementItemTypeAt(XML_NS_ELEMENT *el, int64_t index);

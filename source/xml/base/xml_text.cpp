@@ -162,7 +162,7 @@ voString *xml___TextAttributify(XML_TEXT *text) {
     Chars value = charsOf(VO_READ(text)->value);
     int64_t quotCnt = count(value, '"');
     int64_t aposCnt = count(value, '\'');
-    uint32_t delimiter = aposCnt < quotCnt ? '\'' : '"';
+    uint32_t delimiter = aposCnt < quotCnt ? U'\'' : U'"';
     int64_t escCnt = std::min(aposCnt, quotCnt);
     int64_t length = int64_t(value.size());
     VO_ASSERT(VO_INT_MUL_OK( escCnt, 6 ));
