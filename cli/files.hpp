@@ -1,0 +1,26 @@
+// Whole files in, whole files out. Failures are errno values, success is 0.
+#pragma once
+
+#include "ref.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace tool {
+
+/// Makes sure that the three standard streams are taken, so that no file that is opened later can
+/// receive what is meant for them, and that a limit on file sizes is an error like any other.
+void prepareStreams();
+
+/// Reads a whole file, or standard input for "-".
+[[nodiscard]] int readFile(const std::string &path, Ref<voBuffer> &contents);
+
+/// Writes everything.
+[[nodiscard]] int writeAll(int descriptor, std::string_view bytes);
+
+/// Puts a new file with these contents in the place of the one at `path`, or leaves that as it is.
+/// A file that exists keeps its permissions, a symbolic link keeps pointing. Anything that is not a
+/// regular file, such as a device, is written to directly.
+[[nodiscard]] int replaceFile(const std::string &path, std::string_view contents);
+
+} // namespace tool
