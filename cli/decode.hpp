@@ -1,0 +1,50 @@
+// Decoding an input, and what an input is refused for.
+#pragma once
+
+#include "ref.hpp"
+
+#include "xml/xml.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tool {
+
+/// A place in the decoded text.
+struct Place {
+    int64_t offset; ///< Characters from the start of the text.
+    int64_t line;   ///< From 1.
+    int64_t column; ///< Characters, from 1.
+};
+
+/// Nothing for a null location.
+std::optional<Place> placeOf(voParserLocation *location);
+
+/// Why an input was refused.
+struct Failure {
+    std::string code; ///< The name of the error code.
+    std::string text;
+    std::optional<Place> place;
+};
+
+struct DecodeWish {
+    bool namespaces = false; ///< Decode the namespaces as well.
+    bool locations = false;  ///< Record a location in every node.
+};
+
+/// A decoded document, or why there is none.
+struct Decoded {
+    Ref<XML_DOCUMENT> document;
+    Ref<XML_NS_DOCUMENT> nsDocument; ///< Empty unless wished for.
+    std::optional<Failure> failure;
+};
+
+/// Decodes without locations when they are not wished for, which is faster. A failure has its place
+/// all the same.
+Decoded decode(voBuffer *input, DecodeWish wish);
+
+/// Options of the library with these flags.
+Ref<XML_OPTIONS> optionsWith(XML_FLAGS flags);
+
+} // namespace tool
