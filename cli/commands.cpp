@@ -1,0 +1,136 @@
+#include "commands.hpp"
+
+#include "charset.hpp"
+#include "files.hpp"
+#include "hint.hpp"
+#include "misfit.hpp"
+#include "stats.hpp"
+#include "tree.hpp"
+
+#include <algorithm>
+#include <optional>
+
+namespace tool {
+namespace {
+
+struct Input {
+    std::string name; ///< For messages.
+    Ref<voBuffer> bytes;
+};
+
+bool readInput(const std::string &file, Input &input) {
+    input.name = file == "-" ? "<stdin>" : file;
+    const int error = readFile(file, input.bytes);
+    if (error != 0) reportFile(input.name, "cannot be read", error);
+    return error == 0;
+}
+
+/// Handles every file, whatever becomes of the others.
+template <class Handle> Status forEach(const Request &request, Handle handle) {
+    Status gravest = fine;
+    for (const std::string &file : request.files) {
+        Input input;
+        const Status status = readInput(file, input) ? handle(input) : fileTrouble;
+        gravest = std::max(gravest, status);
+        if (status != fine && request.failFast) break;
+    }
+    return gravest;
+}
+
+Status refuse(const Input &input, const Failure &failure) {
+    const Source source(input.bytes);
+    const std::string hint = hintFor(source, failure);
+    report({input.name, failure.place, failure.text, failure.code, hint}, source.text());
+    return refused;
+}
+
+/// Reports a text that the character set of the output lacks characters for.
+Status refuseMisfit(const Input &input, XML_DOCUMENT *document) {
+    const Source source(input.bytes);
+    const Misfit misfit = firstMisfit(source.text(), xmlDocumentCharset(document));
+    report({input.name, misfit.place, misfit.text, {}, misfit.hint}, source.text());
+    return charsetTooSmall;
+}
+
+Status deliver(const Request &request, const Input &input, XML_DOCUMENT *document) {
+    Ref options = optionsWith(request.noDeclaration ? XML_FLAG_ENCODE_OMIT_XML_DECLARATION : 0);
+    Ref encoded(xmlDocumentTryEncode(document, options));
+    if (!encoded) return refuseMisfit(input, document);
+    const std::string_view bytes(reinterpret_cast<const char *>(voBufferBacking(encoded)),
+                                 static_cast<size_t>(voBufferLength(encoded)));
+    if (request.output.empty() || request.output == "-") return writeOut(bytes), fine;
+    const int error = replaceFile(request.output, bytes);
+    if (error != 0) reportFile(request.output, "cannot be written", error);
+    return error == 0 ? fine : fileTrouble;
+}
+
+/// Decodes each input and writes it, in its own character set or another.
+Status rewrite(const Request &request, std::optional<voCharset> charset) {
+    return forEach(request, [&](const Input &input) {
+        Decoded decoded = decode(input.bytes, {.namespaces = request.namespaces});
+        if (decoded.failure) return refuse(input, *decoded.failure);
+        Ref document = request.namespaces ? Ref(xmlNsDocumentEncode(decoded.nsDocument))
+                                          : std::move(decoded.document);
+        if (charset) xmlDocumentSetCharset(document.edit(), *charset);
+        return deliver(request, input, document);
+    });
+}
+
+} // namespace
+
+Status check(const Request &request) {
+    return forEach(request, [&](const Input &input) {
+        const Decoded decoded = decode(input.bytes, {.namespaces = request.namespaces});
+        return decoded.failure ? refuse(input, *decoded.failure) : fine;
+    });
+}
+
+Status canonical(const Request &request) { return rewrite(request, std::nullopt); }
+
+Status convert(const Request &request) {
+    const voCharset charset = charsetNamed(request.charset);
+    if (charset >= 0) return rewrite(request, charset);
+    std::string text = "unknown character set '" + shown(std::string_view(request.charset)) + "'";
+    if (const voCharset closest = closestCharset(request.charset); closest >= 0)
+        text += "; did you mean " + charsetName(closest) + "?";
+    reportUsage("voxml convert", text + " ('voxml charsets' lists all)");
+    return wrongUsage;
+}
+
+Status tree(const Request &request) {
+    return forEach(request, [&](const Input &input) {
+        const Decoded decoded = decode(input.bytes, {request.namespaces, request.locations});
+        if (decoded.failure) return refuse(input, *decoded.failure);
+        printTree(decoded, {request.namespaces, request.locations});
+        return fine;
+    });
+}
+
+Status stats(const Request &request) {
+    using Clock = std::chrono::steady_clock;
+    Stats total;
+    int64_t counted = 0;
+    const Status status = forEach(request, [&](const Input &input) {
+        const auto start = Clock::now();
+        const Decoded decoded = decode(input.bytes, {});
+        const auto end = Clock::now();
+        if (decoded.failure) return refuse(input, *decoded.failure);
+        Stats one;
+        one.time = end - start;
+        one.bytes = voBufferLength(input.bytes);
+        one.count(decoded.document);
+        total.add(one);
+        ++counted;
+        writeOut(shown(std::string_view(input.name)) + "\n" + one.toString());
+        return fine;
+    });
+    if (counted > 1) writeOut("total of " + std::to_string(counted) + "\n" + total.toString());
+    return status;
+}
+
+Status charsets(const Request &) {
+    writeOut(charsetTable());
+    return fine;
+}
+
+} // namespace tool
