@@ -1,0 +1,96 @@
+#include "tests/xml/codec.hpp"
+
+using test::bytes;
+using test::decode;
+using test::encode;
+using test::str;
+
+namespace {
+
+const std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+
+TEST(Encode, writes_the_canonical_layout) {
+    const struct {
+        std::string text, canonical;
+    } rows[] = {
+        {"<?xml?>", declaration},
+        {"<?xml?><a></a>", declaration + "<a/>"},
+        {"<?xml version='1.1' standalone='yes'?>",
+         "<?xml version=\"1.1\" encoding=\"UTF-8\" standalone=\"yes\"?>"},
+        {"<?xml?>< a  b = 'x'c=\"y\" ><!--c--></ a ><?p q?>\n<![CDATA[<]]>&lt;",
+         declaration + "<a b=\"x\" c=\"y\"><!--c--></a><?p q?>\n<![CDATA[<]]>&lt;"},
+        {"<?xml?><a b='\"' c='\"&apos;' d=\"''\" e='\"\"&apos;' f='\"' g='\r\n\t>'/>",
+         declaration + "<a b='\"' c='\"&apos;' d=\"''\" e='\"\"&apos;' f='\"' g=\"\r\n\t>\"/>"},
+        {"<?xml?><\u00E9>\u4E2D\U0001F600</\u00E9>",
+         declaration + "<\u00E9>\u4E2D\U0001F600</\u00E9>"},
+    };
+    for (const auto &row : rows)
+        EXPECT_EQ(encode(decode(row.text).document), row.canonical);
+}
+
+TEST(Encode, quotes_by_the_rarer_quote) {
+    const struct {
+        std::string value, quoted;
+    } rows[] = {
+        {"", "\"\""},           {"'", "\"'\""},           {"\"", "'\"'"},
+        {"\"'", "\"&quot;'\""}, {"''\"", "\"''&quot;\""}, {"\"\"'", "'\"\"&apos;'"},
+    };
+    for (const auto &row : rows) {
+        Ref el(xmlElementCreate(str("a")));
+        xmlElementAppendAttributeNameTextValue(el.edit(), str("b"), str(row.value));
+        Ref items(xmlItemsCreate());
+        xmlItemsAppendItemElement(items.edit(), el);
+        Ref document(xmlDocumentCreate());
+        xmlDocumentSetItems(document.edit(), items);
+        EXPECT_EQ(encode(document), declaration + "<a b=" + row.quoted + "/>");
+    }
+}
+
+TEST(Encode, an_element_with_an_empty_text_has_both_tags) {
+    Ref el(xmlElementCreate(str("a")));
+    xmlElementAppendItemTextValue(el.edit(), str(""));
+    Ref items(xmlItemsCreate());
+    xmlItemsAppendItemElement(items.edit(), el);
+    Ref document(xmlDocumentCreate());
+    xmlDocumentSetItems(document.edit(), items);
+    EXPECT_EQ(encode(document, XML_FLAG_ENCODE_OMIT_XML_DECLARATION), "<a></a>");
+    EXPECT_EQ(encode(Ref(xmlDocumentCreate()), XML_FLAG_ENCODE_OMIT_XML_DECLARATION), "");
+}
+
+TEST(Encode, gives_null_where_the_charset_cannot_hold_the_text) {
+    auto decoded = decode("<?xml?><a>\u0416\u4E2D</a>");
+    for (voCharset charset : {VO_CHARSET_US_ASCII, VO_CHARSET_ISO_8859_1, VO_CHARSET_KOI8_R}) {
+        xmlDocumentSetCharset(decoded.document.edit(), charset);
+        EXPECT_EQ(encode(decoded.document), "<null>");
+    }
+    Ref text(xmlTextCreateValue(str(std::u32string_view(U"\xD800", 1))));
+    Ref items(xmlItemsCreate());
+    xmlItemsAppendItemText(items.edit(), text);
+    Ref document(xmlDocumentCreate());
+    xmlDocumentSetItems(document.edit(), items);
+    EXPECT_EQ(encode(document), "<null>");
+}
+
+TEST(Encode, comes_back_in_every_charset) {
+    auto decoded = decode("<?xml?><a b='\"x\"'>text &amp; <![CDATA[more]]></a>");
+    for (voCharset charset = 0; VO_CHARSET_OK(charset); ++charset) {
+        xmlDocumentSetCharset(decoded.document.edit(), charset);
+        std::string encoded = encode(decoded.document);
+        auto again = decode(encoded);
+        ASSERT_TRUE(again.document) << charset << again.error;
+        EXPECT_EQ(xmlDocumentCharset(again.document), charset);
+        EXPECT_EQ(test::dump(again.document), test::dump(decoded.document)) << charset;
+        EXPECT_EQ(encode(again.document), encoded) << charset;
+    }
+}
+
+TEST(Encode, writes_a_byte_order_mark_on_request) {
+    Ref options(xmlOptionsCreate());
+    xmlOptionsSetEncodeCharsetFlags(options.edit(), VO_CHARSET_FLAG_BOM);
+    auto decoded = decode("<?xml?><a/>");
+    Ref encoded(xmlDocumentTryEncode(decoded.document, options));
+    EXPECT_EQ(bytes(encoded), "\xEF\xBB\xBF" + declaration + "<a/>");
+    EXPECT_EQ(encode(decode(bytes(encoded)).document), declaration + "<a/>");
+}
+
+} // namespace
