@@ -84,6 +84,10 @@ VO_NEW voString *voObjToString(voObj *obj);
  *  the fields. Never null. */
 VO_NEW voObj *vo___ObjCreate(int64_t size, voSort *sort);
 
+/** Changes the size of an object that has one holder and an allocation of its own, as
+ *  vo___ObjCreate() makes it; it may move. Never null. */
+VO_NEW voObj *vo___ObjResize(voObj *obj, int64_t size);
+
 /** Frees an object whose last reference is gone. Called from the free function of a sort it only
  *  queues, so that freeing never recurses. */
 VO_API void vo___ObjFree(voObj *obj);

@@ -77,9 +77,7 @@ template <class A> A *resizeArray(A **ref, int64_t length) {
         for (int64_t i = length; i < array->length; ++i)
             release(array->items()[i]);
     if (roomFor(length) > roomFor(array->length)) {
-        void *moved = std::realloc(static_cast<void *>(array), size_t(blockSize<A>(length)));
-        VO_ASSERT(moved);
-        *ref = array = static_cast<A *>(moved);
+        *ref = array = reinterpret_cast<A *>(vo___ObjResize(&array->base, blockSize<A>(length)));
     }
     array->length = length;
     return array;

@@ -2,6 +2,7 @@
 
 #include "source/vo/vo_array.hpp"
 #include "source/vo/vo_int.hpp"
+#include "source/vo/vo_large_pages.hpp"
 
 using namespace vo;
 
@@ -15,8 +16,10 @@ void *voMemAllocN(int64_t count, int64_t size) {
     int64_t bytes = count * size;
     int64_t chars = bytes / 4 + (bytes % 4 != 0);
     VO_ASSERT(chars <= mostItems<voString>);
-    void *memory = std::malloc(size_t(blockSize<voString>(chars)));
+    const int64_t needed = blockSize<voString>(chars);
+    void *memory = std::malloc(size_t(needed));
     VO_ASSERT(memory);
+    if (needed >= largeBlock) preferLargePages(memory, needed);
     auto *block = static_cast<voString *>(memory);
     block->length = chars;
     return block->items();

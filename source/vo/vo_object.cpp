@@ -1,6 +1,7 @@
 #include "vo/vo_object.h"
 
 #include "source/vo/vo_chunk.hpp"
+#include "source/vo/vo_large_pages.hpp"
 #include "source/vo/vo_live.hpp"
 #include "vo/vo_string.h"
 
@@ -57,8 +58,16 @@ using namespace vo;
 voObj *vo___ObjCreate(int64_t size, voSort *sort) {
     void *block = std::malloc(size_t(size));
     VO_ASSERT(block);
+    if (size >= largeBlock) preferLargePages(block, size);
     countLive(1);
     return new (block) voObj{sort, 1};
+}
+
+voObj *vo___ObjResize(voObj *obj, int64_t size) {
+    void *block = std::realloc(static_cast<void *>(obj), size_t(size));
+    VO_ASSERT(block);
+    if (size >= largeBlock) preferLargePages(block, size);
+    return static_cast<voObj *>(block);
 }
 
 void vo___ObjFree(voObj *obj) {
