@@ -13,10 +13,7 @@ static int64_t compareBuffers(voObj *objA, voObj *objB) {
     return order ? order : a->length - b->length;
 }
 
-static void freeBuffer(voObj *) {}
-
-constinit voSort vo___sort_voBuffer = {
-    {nullptr, 1}, nullptr, "voBuffer", freeBuffer, compareBuffers};
+constinit voSort vo___sort_voBuffer = {{nullptr, 1}, nullptr, "voBuffer", nullptr, compareBuffers};
 VO_OPERATIONS(voBuffer, voBuffer, vo___sort_voBuffer);
 
 voBuffer *voBufferCreate(void) { return createArray<voBuffer>(voBufferSort(), 0); }

@@ -12,33 +12,74 @@
 namespace vo {
 namespace {
 
-/// Returns the memory of dead objects. Neighbours leave their chunk together, because its count
-/// is one that other threads may be changing too.
-class Disposal {
+/// What one thread is freeing.
+///
+/// Dead objects wait in a list, so that a deep tree needs no deep stack. The list runs through the
+/// counts, which are dead: it needs no memory. What an object releases goes to the front of the
+/// list in order, so that a tree is freed in the order in which it tends to lie in memory.
+class Freeing {
   public:
+    void add(voObj *object) {
+        if (!sortOf(object)->free) {
+            dispose(object);
+            if (!draining) leaveLastChunk();
+            return;
+        }
+        auto &link = place ? *place : waiting;
+        object->refs.store(link.load(std::memory_order_relaxed), std::memory_order_relaxed);
+        link.store(reinterpret_cast<int64_t>(object), std::memory_order_relaxed);
+        place = &object->refs;
+        if (!draining) drain();
+    }
+
+  private:
+    void drain() {
+        draining = true;
+        while (voObj *object = first()) {
+            place = nullptr;
+            voSort *sort = sortOf(object);
+            if (voObj *part = sort->nextDead ? sort->nextDead(object) : nullptr) {
+                add(part);
+                continue;
+            }
+            waiting.store(object->refs.load(std::memory_order_relaxed), std::memory_order_relaxed);
+            sort->free(object);
+            dispose(object);
+        }
+        place = nullptr;
+        draining = false;
+        leaveLastChunk();
+    }
+
+    voObj *first() const {
+        return reinterpret_cast<voObj *>(waiting.load(std::memory_order_relaxed));
+    }
+
+    /// Returns an object's memory. Neighbours leave their chunk together, because its count is one
+    /// that other threads may be changing too.
     void dispose(voObj *object) {
         countLive(-1);
         if (!chunkTag(object)) return std::free(object);
         Chunk *home = Chunk::of(object);
-        if (home != chunk) leave();
+        if (home != chunk) leaveLastChunk();
         chunk = home;
         ++left;
     }
-    void leave() {
-        if (chunk) leaveChunk(chunk, left);
-        chunk = nullptr;
-        left = 0;
+
+    void leaveLastChunk() {
+        if (chunk) leaveChunk(std::exchange(chunk, nullptr), std::exchange(left, 0));
     }
 
-  private:
+    std::atomic<int64_t> waiting{0};       ///< The first dead object.
+    std::atomic<int64_t> *place = nullptr; ///< Behind which the next is linked; null: in front.
+    bool draining = false;
     Chunk *chunk = nullptr;
-    int64_t left = 0;
+    int64_t left = 0; ///< Objects of `chunk` that have gone.
 };
 
-// Objects freed by a free function wait in a list, so that a deep tree needs no deep stack. The
-// list runs through the counts, which are dead: it needs no memory and outlives every static.
-constinit thread_local voObj *waiting = nullptr;
-constinit thread_local bool draining = false;
+// Without a destructor, so that statics destroyed late may still free. The model saves a call for
+// each object; the few bytes fit what a program loaded later finds reserved.
+constinit thread_local Freeing freeing __attribute__((tls_model("initial-exec")));
 
 } // namespace
 
@@ -70,20 +111,7 @@ voObj *vo___ObjResize(voObj *obj, int64_t size) {
     return static_cast<voObj *>(block);
 }
 
-void vo___ObjFree(voObj *obj) {
-    obj->refs.store(reinterpret_cast<int64_t>(std::exchange(waiting, obj)),
-                    std::memory_order_relaxed);
-    if (draining) return;
-    draining = true;
-    Disposal disposal;
-    while (voObj *next = waiting) {
-        waiting = reinterpret_cast<voObj *>(next->refs.load(std::memory_order_relaxed));
-        sortOf(next)->free(next);
-        disposal.dispose(next);
-    }
-    draining = false;
-    disposal.leave();
-}
+void vo___ObjFree(voObj *obj) { freeing.add(obj); }
 
 void vo___Abort(const char *context, const char *file, int64_t line, const char *text) {
     std::fprintf(stderr, "%s%s%s:%lld: %s\n", context ? context : "", context ? ": " : "", file,

@@ -25,10 +25,13 @@ struct alignas(16) voSort {
     voObj base;
     void *module;
     const char *name;
-    void (*free)(voObj *);
+    void (*free)(voObj *);                          ///< Null: there are no parts to release.
     int64_t (*compare)(voObj *, voObj *) = nullptr; ///< Null: by identity.
     voString *(*toString)(voObj *) = nullptr;       ///< Null: the sort's name.
-    void *reserved[5] = {};
+    /// For an object of many parts: releases some of a dead object's, up to the first that dies
+    /// with it, and gives that one; null when there are no more and `free` may be called.
+    voObj *(*nextDead)(voObj *) = nullptr;
+    void *reserved[4] = {};
 };
 
 // ---------------------------------------------------------------- checks
@@ -87,11 +90,15 @@ template <class T> [[nodiscard]] T *retained(T *object) {
     return object;
 }
 
-/// Gives up a reference; null is ignored. A sole owner needs no atomic subtraction.
+/// Gives up a reference to an object and tells whether it was the last. A sole owner needs no
+/// atomic subtraction.
+template <class T> [[nodiscard]] bool dropLast(T *object) {
+    return isSole(object) || obj(object)->refs.fetch_sub(1, std::memory_order_acq_rel) == 1;
+}
+
+/// Gives up a reference; null is ignored.
 template <class T> void release(T *object) {
-    if (object &&
-        (isSole(object) || obj(object)->refs.fetch_sub(1, std::memory_order_acq_rel) == 1))
-        vo___ObjFree(obj(object));
+    if (object && dropLast(object)) vo___ObjFree(obj(object));
 }
 
 /// Stores a field: retains the new value before it releases the old one, so both may be the same.

@@ -21,12 +21,10 @@ static int64_t compareStrings(voObj *objA, voObj *objB) {
     return *endA < *endB ? -1 : 1;
 }
 
-static void freeString(voObj *) {}
-
 static voString *stringItself(voObj *obj) { return retained(voStringFrom(obj)); }
 
 constinit voSort vo___sort_voString = {{nullptr, 1}, nullptr,        "voString",
-                                       freeString,   compareStrings, stringItself};
+                                       nullptr,      compareStrings, stringItself};
 VO_OPERATIONS(voString, voString, vo___sort_voString);
 
 static voString *copyChars(const uint32_t *chars, int64_t count) {
