@@ -17,6 +17,9 @@ struct Chunk {
     static constexpr int64_t smallest = 2048;
     static constexpr int64_t largest = 65536;
 
+    /// Bytes behind every object in a chunk that a store may touch: 16 code points.
+    static constexpr int64_t slack = VO_CHUNKS ? 64 : 0;
+
     /// Tags are the binary logarithm less 10: 1 for 2 KB up to 6 for 64 KB.
     static constexpr int tagShift = 10;
 
@@ -56,11 +59,11 @@ class ChunkPlacer {
         return array;
     }
 
-  private:
-    /// Whether an object goes into a chunk. A large one would waste the rest of a chunk and keep it
-    /// all alive.
+    /// Whether an object goes into a chunk and has its slack behind it. A large one would waste the
+    /// rest of a chunk and keep it all alive.
     static constexpr bool isPlaced(int64_t size) { return VO_CHUNKS && size <= Chunk::largest / 4; }
 
+  private:
     voObj *place(int64_t size, voSort *sort) {
         if (!isPlaced(size)) return vo___ObjCreate(size, sort);
         size = (size + 7) & ~int64_t{7};
@@ -76,10 +79,11 @@ class ChunkPlacer {
     void open(int64_t size) {
         close();
         int64_t header = sizeof(Chunk);
-        chunk = static_cast<Chunk *>(vo___ChunkOpen(nextSize > size ? nextSize : size + header));
+        const int64_t needed = header + size + Chunk::slack;
+        chunk = static_cast<Chunk *>(vo___ChunkOpen(nextSize > needed ? nextSize : needed));
         nextSize = 4 * chunk->size;
         next = reinterpret_cast<char *>(chunk) + header;
-        end = reinterpret_cast<char *>(chunk) + chunk->size;
+        end = reinterpret_cast<char *>(chunk) + chunk->size - Chunk::slack;
         tag = uintptr_t(__builtin_ctzll(uint64_t(chunk->size))) - Chunk::tagShift;
     }
 

@@ -218,6 +218,15 @@ inline uint8_t *narrowToUtf8(uint8_t *out, const uint32_t *at, const uint32_t *e
 #if defined(__SSE2__)
     while (end - at >= 32)
         if (!narrowStep(out, at)) return nullptr;
+    // Four at a time what is too short for a step, as most names and values are.
+    for (const __m128i zero = _mm_setzero_si128(); end - at >= 4; at += 4, out += 4) {
+        __m128i chars = load16(at);
+        __m128i high = _mm_and_si128(chars, _mm_set1_epi32(~0x7F));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi32(high, zero)) != 0xFFFF) break;
+        __m128i packed = _mm_packus_epi16(_mm_packs_epi32(chars, zero), zero);
+        int32_t bytes = _mm_cvtsi128_si32(packed);
+        std::memcpy(out, &bytes, sizeof(bytes));
+    }
 #endif
     for (; at < end; ++at) {
         if (!isScalar(*at)) return nullptr;

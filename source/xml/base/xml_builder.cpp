@@ -1,12 +1,13 @@
 #include "source/xml/base/xml_builder.hpp"
 
-#include "source/vo/vo_hash.hpp"
 #include "source/vo/vo_utf.hpp"
 #include "source/xml/base/xml_skip.hpp"
 
 #include <algorithm>
 
 namespace xml {
+
+static bool isBlank(Piece piece) { return skipS(piece.begin, piece.end) == piece.end; }
 
 /// Memory of a typical tree as a multiple of its text, to size the first chunk.
 constexpr int64_t treePerText = 6;
@@ -38,8 +39,24 @@ voString *Builder::string(Piece piece) {
     const bool plain = isAscii(piece);
     int64_t length = plain ? piece.size() : vo::countUtf8(piece.begin, piece.end);
     auto *string = place.createArray<voString>(sorts.string, length);
-    vo::widenUtf8(string->items(), piece.begin, piece.end);
+    const bool inBlocks =
+        plain && vo::ChunkPlacer::isPlaced(int64_t{sizeof(voString)} + length * 4);
+    if (!inBlocks || !widenInBlocks(string->items(), piece))
+        vo::widenUtf8(string->items(), piece.begin, piece.end);
     return string;
+}
+
+/// Widens ASCII 16 characters at a time, past the end of the string into the chunk's slack: most
+/// strings are so short that counting exactly would take longer. Not near the end of the text.
+bool Builder::widenInBlocks([[maybe_unused]] uint32_t *out, [[maybe_unused]] Piece piece) const {
+#if defined(__SSE2__) && VO_CHUNKS
+    if (textEnd - piece.end < 16) return false;
+    for (; piece.begin < piece.end; piece.begin += 16, out += 16)
+        vo::widen16(out, vo::load16(piece.begin));
+    return true;
+#else
+    return false;
+#endif
 }
 
 template <class T> voVector *Builder::vector(std::span<T *> objects) {
@@ -86,18 +103,15 @@ XML_ITEMS *Builder::items(std::span<XML_ITEM *> items) {
 }
 
 XML_ITEM *Builder::text(Piece value, voParserLocation *location) {
-    const bool blank = !location && skipS(value.begin, value.end) == value.end;
-    Blank *known = nullptr;
-    if (blank) {
-        known = &blanks[vo::hashBytes(value.begin, size_t(value.size())) % blanks.size()];
-        if (known->item && known->bytes == value.bytes()) return share(known->item);
-    }
-    auto *item = characterData<XML_TEXT>(XML_ITEM_TYPE_TEXT, sorts.text, value, location);
-    if (known) {
-        vo::release(std::exchange(known->item, share(item)));
-        known->bytes = value.bytes();
-    }
-    return item;
+    if (location || !isBlank(value))
+        return characterData<XML_TEXT>(XML_ITEM_TYPE_TEXT, sorts.text, value, location);
+    // Runs of white space differ most in their length.
+    Blank &known = blanks[uint64_t(value.size()) % blanks.size()];
+    if (known.item && known.bytes == value.bytes()) return share(known.item);
+    vo::release(known.item);
+    known.bytes = value.bytes();
+    known.item = characterData<XML_TEXT>(XML_ITEM_TYPE_TEXT, sorts.text, value, location);
+    return share(known.item);
 }
 
 } // namespace xml

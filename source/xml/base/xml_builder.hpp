@@ -92,6 +92,7 @@ class Builder {
 
     template <class T> voVector *vector(std::span<T *> objects);
     bool isAscii(Piece piece);
+    bool widenInBlocks(uint32_t *out, Piece piece) const;
 
     /// Looked up once: each sort is behind a call into a library.
     struct Sorts {
@@ -100,7 +101,7 @@ class Builder {
                *attribute = xmlAttributeSort(), *attributes = xmlAttributesSort();
     };
 
-    /// Runs of white space that came lately, by a hash of their bytes.
+    /// A run of white space that came lately.
     struct Blank {
         std::string_view bytes;
         XML_ITEM *item = nullptr;
@@ -111,7 +112,7 @@ class Builder {
     Names names;
     XML_ATTRIBUTES *noAttributes;
     XML_ITEMS *noItems;
-    std::array<Blank, 64> blanks;
+    std::array<Blank, 64> blanks; ///< By length.
     Piece ascii; ///< Known to hold ASCII only; more may follow only at the text's end.
     const uint8_t *textEnd;
 };

@@ -113,10 +113,8 @@ class Decoder {
     // STag ::= '<' S? Name attributes S? '>'; EmptyElemTag has '/' S? before the '>'
     [[nodiscard]] bool startTag() {
         skipS();
-        Piece tag{at, xml::skipName(at, end)};
-        if (tag.begin == tag.end) return fail(XML_DECODE_ERROR_CODE_TAG);
-        at = tag.end;
-        Name *name = build.name(tag);
+        Name *name = readName();
+        if (!name) return fail(XML_DECODE_ERROR_CODE_TAG);
         if (!attributes()) return fail(XML_DECODE_ERROR_CODE_ATTRIBUTE_LIST);
         const bool empty = skip("/");
         if (empty) skipS();
@@ -136,11 +134,13 @@ class Decoder {
     // ETag ::= '</' S? Name S? '>'
     [[nodiscard]] bool endTag() {
         skipS();
-        Piece tag{at, xml::skipName(at, end)};
-        at = tag.end;
+        const uint8_t *begin = at;
+        const bool matches = !open.empty() && startsWith(open.back().name);
+        at = matches ? at + open.back().name->bytes.size() : xml::skipName(at, end);
+        Piece tag{begin, at};
         skipS();
         if (tag.begin == tag.end || !skip(">")) return fail(XML_DECODE_ERROR_CODE_TAG);
-        if (open.empty() || open.back().name->bytes != tag.bytes())
+        if (!matches && (open.empty() || open.back().name->bytes != tag.bytes()))
             return fail(XML_DECODE_ERROR_CODE_TAG_MISMATCH);
         closeElement();
         return true;
@@ -188,20 +188,20 @@ class Decoder {
         ++attributeLists;
         for (;;) {
             skipS();
-            Piece name{at, xml::skipName(at, end)};
-            if (name.begin == name.end) return true;
-            if (!attribute(name)) return false;
+            const uint8_t *begin = at;
+            Name *name = readName();
+            if (!name) return true;
+            if (!attribute(name, begin)) return false;
         }
     }
 
     // Attribute ::= Name Eq AttValue
-    [[nodiscard]] bool attribute(Piece piece) {
-        const uint8_t *value = xml::skipEq(piece.end, end);
+    [[nodiscard]] bool attribute(Name *name, const uint8_t *begin) {
+        const uint8_t *value = xml::skipEq(at, end);
         const uint8_t *valueEnd = xml::skipAttValue(value, end);
-        if (value == piece.end || valueEnd == value) return false;
-        Name *name = build.name(piece);
+        if (value == at || valueEnd == value) return false;
         if (std::exchange(name->seenIn, attributeLists) == attributeLists) return false;
-        auto location = locate(piece.begin);
+        auto location = locate(begin);
         at = valueEnd;
         attrs.push_back(build.attribute(name, {value + 1, valueEnd - 1}, location.take()));
         return true;
@@ -224,6 +224,32 @@ class Decoder {
     // ---------------------------------------------------------------- text and failures
 
     void skipS() { at = xml::skipS(at, end); }
+
+    /// The name that comes next, which is stepped over; null when none does.
+    Name *readName() {
+        Name *name = lastName ? lastName->follower : nullptr;
+        if (name && startsWith(name)) {
+            at += name->bytes.size();
+        } else {
+            Piece piece{at, xml::skipName(at, end)};
+            if (piece.begin == piece.end) return nullptr;
+            at = piece.end;
+            name = build.name(piece);
+            if (lastName) lastName->follower = name;
+        }
+        return lastName = name;
+    }
+
+    /// Whether exactly this name comes next. A character above 127 behind it may go on with it or
+    /// not; then this is false.
+    bool startsWith(const Name *name) const {
+        const size_t length = name->bytes.size();
+        if (size_t(end - at) < length) return false;
+        auto *bytes = reinterpret_cast<const uint8_t *>(name->bytes.data());
+        if (!xml::sameBytes(at, bytes, length, end)) return false;
+        const uint8_t *next = at + length;
+        return next == end || (*next < 128 && !xml::isName(*next));
+    }
 
     bool skip(Token token) {
         if (!Piece{at, end}.bytes().starts_with(token)) return false;
@@ -279,6 +305,7 @@ class Decoder {
     vo::Vec<XML_ITEM *> pending;          ///< Children of the open elements, in document order.
     vo::Vec<XML_ATTRIBUTE *> attrs;       ///< Of the tag that is being read.
     uint64_t attributeLists = 0;
+    Name *lastName = nullptr;
     Failure failure{};
 };
 

@@ -19,6 +19,8 @@ struct Name {
     voString *string;
     /// The attribute list that had the name last, which tells a duplicate at once.
     uint64_t seenIn = 0;
+    /// The name that came after this one last time, which is a good guess for the next time.
+    Name *follower = nullptr;
 };
 
 /// A hash table, keyed so that no document can be made to collide.

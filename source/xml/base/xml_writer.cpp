@@ -4,7 +4,6 @@
 #include "source/xml/base/xml_quoting.hpp"
 
 #include <algorithm>
-#include <cstring>
 #include <string>
 
 namespace xml {
@@ -12,12 +11,6 @@ namespace xml {
 /// Characters converted in one go, which bounds how much room is made in advance.
 constexpr int64_t stride = 4096;
 constexpr int64_t longestUtf8 = 4;
-
-void Writer::ascii(std::string_view text) {
-    auto length = int64_t(text.size());
-    std::memcpy(room(length), text.data(), text.size());
-    written += length;
-}
 
 void Writer::string(voString *string) {
     const uint32_t *at = string->items(), *end = at + string->length;
@@ -65,11 +58,8 @@ vo::Ref<voBuffer> Writer::finish() {
     return std::move(buffer);
 }
 
-/// Where the next bytes go: room for at least that many.
-uint8_t *Writer::room(int64_t bytes) {
-    if (buffer->length - written < bytes)
-        vo::resizeArray(buffer.edit(), std::max(buffer->length * 2, written + bytes));
-    return buffer->items() + written;
+void Writer::grow(int64_t bytes) {
+    vo::resizeArray(buffer.edit(), std::max(buffer->length * 2, written + bytes));
 }
 
 } // namespace xml
