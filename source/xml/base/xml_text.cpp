@@ -3,6 +3,7 @@
 #include "source/vo/vo_array.hpp"
 #include "source/vo/vo_int.hpp"
 #include "source/xml/base/xml_object.hpp"
+#include "source/xml/base/xml_quoting.hpp"
 #include "source/xml/base/xml_skip.hpp"
 #include "source/xml/base/xml_text.hpp"
 #include "xml/xml_value.h"
@@ -160,17 +161,14 @@ voString *xmlTextTryUnescape(XML_TEXT *text) {
 
 voString *xml___TextAttributify(XML_TEXT *text) {
     Chars value = charsOf(VO_READ(text)->value);
-    int64_t quotCnt = count(value, '"');
-    int64_t aposCnt = count(value, '\'');
-    uint32_t delimiter = aposCnt < quotCnt ? U'\'' : U'"';
-    int64_t escCnt = std::min(aposCnt, quotCnt);
+    const auto [delimiter, escCnt] = xml::quotingOf(value.data(), value.data() + value.size());
     int64_t length = int64_t(value.size());
     VO_ASSERT(VO_INT_MUL_OK( escCnt, 6 ));
     VO_ASSERT(VO_INT_ADD_OK( length, escCnt * 6 ));
     VO_ASSERT(VO_INT_ADD_OK( length + escCnt * 6, 2 ));
     Writer out(length + escCnt * 6 + 2);
     out.put(delimiter);
-    out.putEscaped(value, [=](uint32_t ch) { return ch == delimiter; });
+    out.putEscaped(value, [quote = delimiter](uint32_t ch) { return ch == quote; });
     out.put(delimiter);
     return out.take();
 }
