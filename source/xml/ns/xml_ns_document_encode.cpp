@@ -298,11 +298,12 @@ class Encoder {
         return list;
     }
 
-    /// Whether a name may come twice. Those of one element that need no declaration of their own
-    /// kind are all different, because a prefix has one namespace and a namespace one prefix.
+    /// Whether an attribute's name may come twice. Prefixes and namespaces go together one to one
+    /// in an element, so names are as different as before, unless a map binds "xml" or the name is
+    /// one that declarations have.
     static bool mayClash(voString *name) {
         static constexpr uint32_t xml[] = {'x', 'm', 'l'};
-        return name->length >= 4 && std::equal(xml, xml + 3, name->items());
+        return name->length > 3 && std::equal(xml, xml + 3, name->items());
     }
 
     XML_ATTRIBUTE *attribute(Ref<voString> name, XML_TEXT *adoptedText) {

@@ -53,9 +53,11 @@ static int64_t positionOf(const Map *map, voString *optionalPrefix, int64_t exce
 /// A map with more mappings than this has an index.
 static constexpr int64_t mostUnindexed = 8;
 
+static void dropIndex(Map *map) { vo::release(std::exchange(map->index, nullptr)); }
+
 void xml___NsNamespaceMapBuildCache(Map **map) {
     VO_ASSERT_REF(map);
-    vo::release(std::exchange((*map)->index, nullptr));
+    dropIndex(*map);
     if ((*map)->mappings->length > mostUnindexed)
         (*map)->index = xml::createNamespaceIndex(mappingsOf(*map));
 }
@@ -63,7 +65,7 @@ void xml___NsNamespaceMapBuildCache(Map **map) {
 /// Begins a change of a map that is private. An index that a copy of the map holds too is left to
 /// the copy.
 static Map *beginChange(Map *map) {
-    if (map->index && !vo::isSole(map->index)) vo::release(std::exchange(map->index, nullptr));
+    if (map->index && !vo::isSole(map->index)) dropIndex(map);
     return map;
 }
 
@@ -76,8 +78,6 @@ static void endChange(Map *map) {
         (hasIndex && int64_t(map->index->bindings.size()) > 4 * length))
         xml___NsNamespaceMapBuildCache(&map);
 }
-
-static void dropIndex(Map *map) { vo::release(std::exchange(map->index, nullptr)); }
 
 static void removeAt(Map *map, int64_t index) {
     Ref removed(voVectorObjAt(map->mappings, index));
