@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <sstream>
 
 using namespace tool;
@@ -31,9 +32,11 @@ class CommandLine {
         addCommands();
     }
 
-    Status run(int argc, char **argv) {
+    Status run(std::vector<std::string> arguments) {
+        std::for_each(arguments.begin(), arguments.end(), protect);
+        std::reverse(arguments.begin(), arguments.end()); // the parser's order
         try {
-            app.parse(argc, argv);
+            app.parse(std::move(arguments));
         } catch (const CLI::ParseError &error) {
             return answer(error);
         }
@@ -43,6 +46,11 @@ class CommandLine {
 
   private:
     using Command = Status (*)(const Request &);
+
+    /// The parser takes [a,b] for a list of two; no name of a file is meant so.
+    static void protect(std::string &argument) {
+        if (argument.starts_with('[') && argument.ends_with(']')) argument.insert(0, "./");
+    }
 
     static constexpr const char *footer =
         "Without FILE, or when FILE is -, standard input is read.\n"
@@ -138,7 +146,7 @@ int main(int argc, char **argv) {
     prepareStreams();
     Session session;
     try {
-        return CommandLine().run(argc, argv);
+        return CommandLine().run({argv + 1, argv + argc});
     } catch (const Stop &stop) {
         return stop.status;
     }

@@ -231,6 +231,12 @@ class Errors(ToolTest):
             result = self.voxml("check", *arguments, stdin=(DECLARATION + "<a>").encode())
             self.assertTrue(result.stderr.startswith(b"<stdin>:2:1: error: "))
 
+    def test_names_of_files_are_taken_as_they_are(self):
+        for name in "check", "[a,b]", "-x":
+            self.put(name, "<a>")
+            result = self.voxml("check", "--", name)
+            self.assertIn(f"{name}:2:1: error: ", result.stderr.decode())
+
     def test_files_that_cannot_be_read_are_told_apart(self):
         self.put("good.xml", "<a/>")
         self.put("bad.xml", "<a>")
