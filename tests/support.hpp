@@ -36,6 +36,10 @@ double threadSeconds();
 /// `file:line: text` for any line as a regular expression, for EXPECT_ABORT.
 std::string abortPattern(std::string_view file, std::string_view text);
 
+/// How much longer ten times the input may take: a little more than ten times when it no longer
+/// fits the caches, but far from the hundred times of a quadratic algorithm.
+inline constexpr double tenfold = 25;
+
 } // namespace test
 
 /// Expects that `statement` ends the process with the condition `text` of the source file `file`,

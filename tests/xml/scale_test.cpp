@@ -1,5 +1,4 @@
-// Depth must cost no stack, and ten times the input about ten times the time: a little more when
-// it no longer fits the caches, but far from the hundred times of a quadratic algorithm.
+// Depth must cost no stack, and ten times the input about ten times the time.
 #include "tests/xml/codec.hpp"
 
 #include <algorithm>
@@ -83,7 +82,7 @@ void expectLinear(int64_t n, const std::function<void(int64_t)> &work) {
     n /= scale;
     const double small = secondsOf([&] { work(n / 10); });
     const double large = secondsOf([&] { work(n); });
-    EXPECT_LT(large, small * 25 + 0.02);
+    EXPECT_LT(large, small * test::tenfold + 0.02);
 }
 
 void decodeAndEncode(const std::string &text) {

@@ -296,7 +296,7 @@ TEST(NsRoundTrip, DepthAndWidthCostTimeInProportionAndNoStack) {
         },
     };
     for (auto &shape : shapes)
-        EXPECT_LT(secondsFor(shape(100000)), 15 * secondsFor(shape(10000)));
+        EXPECT_LT(secondsFor(shape(100000)), test::tenfold * secondsFor(shape(10000)));
 }
 
 TEST(NsRoundTrip, ThreadsShareOneTree) {
