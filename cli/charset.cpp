@@ -46,7 +46,7 @@ voCharset charsetNamed(std::string_view name) {
 
 voCharset closestCharset(std::string_view name) {
     const std::string wanted = folded(name);
-    size_t least = wanted.size() / 4 + 1;
+    size_t least = wanted.size() / 3; // A short word is close to everything.
     voCharset closest = -1;
     for (voCharset charset = 0; VO_CHARSET_OK(charset); ++charset) {
         std::vector<std::string> names = aliasesOf(charset);

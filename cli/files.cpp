@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <new>
+#include <stdexcept>
 #include <vector>
 
 #include <fcntl.h>
@@ -144,10 +146,18 @@ void prepareStreams() {
 int readFile(const std::string &path, Ref<voBuffer> &contents) {
     Descriptor file(path == "-" ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (file < 0) return errno;
-    std::vector<uint8_t> bytes;
-    if (int failure = readAll(file, bytes)) return failure;
-    contents = Ref(voBufferCreateFromBytesCopy(bytes.data(), static_cast<int64_t>(bytes.size())));
-    return 0;
+    // An input may be larger than the memory there is, or have no end.
+    try {
+        std::vector<uint8_t> bytes;
+        if (int failure = readAll(file, bytes)) return failure;
+        contents =
+            Ref(voBufferCreateFromBytesCopy(bytes.data(), static_cast<int64_t>(bytes.size())));
+        return 0;
+    } catch (const std::bad_alloc &) {
+        return ENOMEM;
+    } catch (const std::length_error &) {
+        return ENOMEM;
+    }
 }
 
 int writeAll(int descriptor, std::string_view bytes) {

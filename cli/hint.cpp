@@ -1,5 +1,6 @@
 #include "hint.hpp"
 
+#include "charset.hpp"
 #include "markup.hpp"
 
 #include <algorithm>
@@ -72,12 +73,17 @@ std::string charsetHint(const Source &source) {
     const Encoding &encoding = source.encoding;
     if (voBufferLength(source.bytes) == 0) return "the input is empty";
     if (!encoding.hasDeclaration) return missingDeclaration(source.bytes);
-    if (encoding.charset == VO_CHARSET_UTF_8) {
-        std::string hint = illFormedUtf8(source.bytes, encoding);
-        if (!encoding.declared.empty() && !encoding.isKnown)
+    if (encoding.declared.empty() || !encoding.isKnown) {
+        std::string hint = encoding.charset == VO_CHARSET_UTF_8
+                               ? illFormedUtf8(source.bytes, encoding)
+                               : "by its first bytes the text is in " +
+                                     charsetName(encoding.charset) +
+                                     ", but not all of it is valid there";
+        if (!encoding.declared.empty())
             hint += "; the declared encoding " + quoted(encoding.declared) + " is not known";
         return hint;
     }
+    if (encoding.charset == VO_CHARSET_UTF_8) return illFormedUtf8(source.bytes, encoding);
     return "the declaration names the encoding " + quoted(encoding.declared) +
            ", but the bytes are " +
            (looksLikeUtf8(source.bytes) ? "well-formed UTF-8" : "not all valid in it");

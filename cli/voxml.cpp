@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <new>
 #include <sstream>
 
 using namespace tool;
@@ -52,16 +53,13 @@ class CommandLine {
         if (argument.starts_with('[') && argument.ends_with(']')) argument.insert(0, "./");
     }
 
-    static constexpr const char *footer =
-        "Without FILE, or when FILE is -, standard input is read.\n"
-        "\n"
-        "Exit status:\n"
-        "  0  all is well\n"
-        "  1  an input is not acceptable\n"
-        "  2  wrong usage\n"
-        "  3  a file could not be read or written\n"
-        "  4  the character set cannot hold the text\n"
-        "Of several inputs the largest status counts.";
+    static constexpr const char *footer = "Exit status:\n"
+                                          "  0  all is well\n"
+                                          "  1  an input is not acceptable\n"
+                                          "  2  wrong usage\n"
+                                          "  3  a file could not be read or written\n"
+                                          "  4  the character set cannot hold the text\n"
+                                          "Of several inputs the largest status counts.";
 
     void addCommands() {
         CLI::App *sub = add("check", check, "Tell what is wrong with documents, if anything");
@@ -91,7 +89,7 @@ class CommandLine {
     CLI::App *add(const char *name, Command function, const char *description) {
         CLI::App *sub = app.add_subcommand(name, description);
         sub->callback([this, function] { command = function; });
-        sub->add_option("FILE", request.files, "The documents; - is standard input")
+        sub->add_option("FILE", request.files, "The documents; none or - is standard input")
             ->option_text("...");
         return sub;
     }
@@ -105,7 +103,10 @@ class CommandLine {
         namespaces(sub, "Resolve namespaces and write them anew");
         sub->add_flag("--no-declaration", request.noDeclaration, "Leave out the XML declaration");
         sub->add_option("-o,--output", request.output, "Write to this file, whole or not at all")
-            ->option_text("FILE");
+            ->option_text("FILE")
+            ->check([](const std::string &path) {
+                return std::string(path.empty() ? "the name of a file is empty" : "");
+            });
         sub->parse_complete_callback([this] {
             if (!request.output.empty() && request.files.size() > 1)
                 throw CLI::ValidationError("-o", "takes one input file only");
@@ -149,5 +150,8 @@ int main(int argc, char **argv) {
         return CommandLine().run({argv + 1, argv + argc});
     } catch (const Stop &stop) {
         return stop.status;
+    } catch (const std::bad_alloc &) {
+        reportUsage("voxml", "there is not enough memory");
+        return fileTrouble;
     }
 }

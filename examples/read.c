@@ -31,6 +31,7 @@ int main(int argc, char **argv) {
     static char bytes[1 << 20];
     if (argc < 2 || !freopen(argv[1], "rb", stdin)) return 2;
     int64_t count = (int64_t)fread(bytes, 1, sizeof bytes, stdin);
+    if (count == (int64_t)sizeof bytes) return 2; /* too large for this example */
 
     voModuleStartup(xmlModule());
     voBuffer *xml = voBufferCreateFromBytesCopy(bytes, count);

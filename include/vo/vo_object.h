@@ -72,12 +72,13 @@ VO_API void voObjRelease(voObj *obj);
 VO_API voSort *voObjSort(voObj *obj);
 
 /** Orders two objects: negative, 0 for equal, positive. Values of the runtime compare by content;
- *  objects of sorts without a comparison, by identity in a consistent order; objects of different
- *  sorts, by sort. Null equals null and comes before every object. */
+ *  objects of sorts without a comparison, by identity in a consistent order: so do all types of the
+ *  XML library, whose nodes are equal only when they are the same object. Objects of different
+ * sorts compare by sort. Null equals null and comes before every object. */
 VO_API int64_t voObjCompare(voObj *a, voObj *b);
 
-/** A text for a non-null object: a string gives itself, a message its text, a sort without a
- *  conversion the sort's name. */
+/** A text for a non-null object: a string gives itself; a message and a location what their headers
+ *  say; a sort without a conversion, as all of the XML library's are, the sort's name. */
 VO_NEW voString *voObjToString(voObj *obj);
 
 /** Allocates an object of `size` bytes, its header included, with a count of 1. The caller sets

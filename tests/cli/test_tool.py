@@ -180,6 +180,11 @@ class Errors(ToolTest):
         shown, caret = result.stderr.decode().split("\n")[1:3]
         return shown, caret
 
+    def test_a_text_that_is_cut_in_utf_16_is_not_blamed_on_a_declaration(self):
+        self.put("a.xml", "<?xml version='1.0'?><a>\u20ac</a>".encode("utf-16")[:-1])
+        self.assertIn("hint: by its first bytes the text is in UTF-16LE",
+                      self.voxml("check", "a.xml").stderr.decode())
+
     def test_the_caret_stands_under_the_place(self):
         rows = [
             ("\tab\t& \tx", "\tab\t& \tx", "\t  \t^"),
@@ -245,6 +250,17 @@ class Errors(ToolTest):
                     ".: error: cannot be read: Is a directory\n")
         self.assertEqual(self.voxml("check", "missing", "bad.xml").returncode, 3)
 
+    def test_an_input_larger_than_memory_is_an_error_like_any_other(self):
+        with open(TOOL, "rb") as tool:
+            if b"__asan_init" in (content := tool.read()) or b"__tsan_init" in content:
+                self.skipTest("the sanitizers end the process instead")
+        with open(self.path("huge.xml"), "wb") as huge:
+            huge.truncate(1 << 42)
+        self.put("bad.xml", "<a>")
+        result = self.voxml("check", "huge.xml", "bad.xml")
+        self.assertEqual(result.returncode, 3)
+        self.assertRegex(result.stderr.decode(), "huge.xml: error: .*memory\nbad.xml:2:1: error")
+
     def test_wrong_usage_is_said_in_one_line(self):
         rows = [
             ([], "voxml", "a command is required"),
@@ -258,6 +274,9 @@ class Errors(ToolTest):
              "did you mean UTF-8? ('voxml charsets' lists all)"),
             (["convert", "--to", "ISO 8859 15"], "voxml convert", "unknown character set "
              "'ISO 8859 15'; did you mean ISO-8859-15? ('voxml charsets' lists all)"),
+            (["canonical", "-o", ""], "voxml canonical", "--output: the name of a file is empty"),
+            (["convert", "--to", "47"], "voxml convert",
+             "unknown character set '47' ('voxml charsets' lists all)"),
             (["convert", "--to", "xyzzy"], "voxml convert",
              "unknown character set 'xyzzy' ('voxml charsets' lists all)"),
         ]
