@@ -28,7 +28,6 @@ struct Link {
 /// A namespace name and the bindings that bind it, earliest first.
 struct Namespace {
     vo::Ref<voString> key;
-    uint64_t hash = 0;
     Link all;
     Link prefixed;
     bool isGathered = false; ///< Whether the encoder has found that it needs a prefix.
@@ -49,7 +48,6 @@ struct Binding {
     };
 
     vo::Ref<voString> key; ///< The prefix; null for the default namespace.
-    uint64_t hash = 0;
     State state;
 
     Binding() { state.all.binding = state.prefixed.binding = this; }

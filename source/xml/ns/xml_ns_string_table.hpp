@@ -29,46 +29,52 @@ template <class Entry> class StringTable {
     StringTable(const StringTable &) = delete;
     StringTable &operator=(const StringTable &) = delete;
 
-    Entry *find(voString *key) const { return slots.empty() ? nullptr : *slotOf(key, hash(key)); }
+    Entry *find(voString *key) const {
+        return slots.empty() ? nullptr : slots[place(key, hash(key))].entry;
+    }
 
     Entry &at(voString *key) {
         if (entries.size() * 2 >= slots.size()) grow();
         const uint64_t keyHash = hash(key);
-        Entry *&slot = *slotOf(key, keyHash);
-        if (!slot) {
-            slot = &entries.emplace_back();
-            slot->key = vo::Ref(vo::retained(key));
-            slot->hash = keyHash;
+        Slot &slot = slots[place(key, keyHash)];
+        if (!slot.entry) {
+            slot = {keyHash, &entries.emplace_back()};
+            slot.entry->key = vo::Ref(vo::retained(key));
         }
-        return *slot;
+        return *slot.entry;
     }
 
     size_t size() const { return entries.size(); }
 
   private:
+    /// The hash stands here so that other entries are not looked at.
+    struct Slot {
+        uint64_t hash = 0;
+        Entry *entry = nullptr; ///< Null where free.
+    };
+
     static uint64_t hash(voString *key) {
         return vo::hashBytes(key->items(), size_t(key->length) * sizeof(uint32_t));
     }
 
-    /// The slot of `key`, or the free one where it belongs.
-    Entry *const *slotOf(voString *key, uint64_t keyHash) const {
+    /// The index of the slot of `key`, or of the free one where it belongs.
+    size_t place(voString *key, uint64_t keyHash) const {
         for (size_t i = keyHash;; ++i) {
-            Entry *const &slot = slots[i & (slots.size() - 1)];
-            if (!slot || (slot->hash == keyHash && sameText(slot->key, key))) return &slot;
+            const Slot &slot = slots[i & (slots.size() - 1)];
+            if (!slot.entry || (slot.hash == keyHash && sameText(slot.entry->key, key)))
+                return i & (slots.size() - 1);
         }
-    }
-    Entry **slotOf(voString *key, uint64_t keyHash) {
-        return const_cast<Entry **>(std::as_const(*this).slotOf(key, keyHash));
     }
 
     void grow() {
-        slots.assign(slots.empty() ? 16 : slots.size() * 4, nullptr);
-        for (Entry &entry : entries)
-            *slotOf(entry.key, entry.hash) = &entry;
+        vo::Vec<Slot> former(slots.empty() ? 16 : slots.size() * 4);
+        former.swap(slots);
+        for (const Slot &slot : former)
+            if (slot.entry) slots[place(slot.entry->key, slot.hash)] = slot;
     }
 
     std::deque<Entry, vo::Allocator<Entry>> entries;
-    vo::Vec<Entry *> slots; ///< None or a power of two; null where free; at most half full.
+    vo::Vec<Slot> slots; ///< None or a power of two; at most half of them used.
 };
 
 } // namespace xml
