@@ -70,7 +70,7 @@ std::string charsetTable() {
         const std::string id = std::to_string(charset);
         std::string line = std::string(idWidth - id.size(), ' ') + id + "  " + charsetName(charset);
         const size_t aliasColumn = idWidth + 2 + nameWidth;
-        std::string_view separator = "";
+        std::string_view separator;
         for (const std::string &alias : aliasesOf(charset)) {
             if (line.size() < aliasColumn) line.resize(aliasColumn, ' ');
             line.append(separator).append(alias);

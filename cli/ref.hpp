@@ -13,7 +13,10 @@ template <class T> class [[nodiscard]] Ref {
     Ref() = default;
     explicit Ref(T *adopted) : object(adopted) {}
     Ref(Ref &&other) noexcept : object(std::exchange(other.object, nullptr)) {}
-    Ref &operator=(Ref other) noexcept { return std::swap(object, other.object), *this; }
+    Ref &operator=(Ref other) noexcept {
+        std::swap(object, other.object);
+        return *this;
+    }
     ~Ref() {
         if (object) voObjRelease(reinterpret_cast<voObj *>(object));
     }

@@ -30,7 +30,7 @@ class Decoder {
     Decoder(Piece text, voCharset textCharset, std::optional<xml::Locator> optionalLocator,
             voParserLocation *optionalStart)
         : at(text.begin), end(text.end), charset(textCharset), build(text),
-          locator(std::move(optionalLocator)) {
+          locator(optionalLocator) {
         if (optionalStart) xmlDocumentSetLocation(document.edit(), optionalStart);
     }
 
@@ -324,5 +324,5 @@ XML_DECODE_RESULT *xmlDocumentDecode(voBuffer *xml, XML_OPTIONS *opt,
     std::optional<xml::Locator> locator;
     if (xmlOptionsFlags(opt) & XML_FLAG_DECODE_LOCATION)
         locator.emplace(begin, end, xmlOptionsDecodeNlfFlags(opt), optionalLocation);
-    return Decoder({begin, end}, input.charset, std::move(locator), optionalLocation).run();
+    return Decoder({begin, end}, input.charset, locator, optionalLocation).run();
 }
