@@ -105,7 +105,7 @@ static void setMappings(Map *map, const vo::Vec<voObj *> &mappings) {
 static void removeTwins(Map *map) {
     struct Seen {
         Ref<voString> key;
-            int64_t count = 0;
+        int64_t count = 0;
         size_t kept = 0;
     };
     xml::StringTable<Seen> prefixes;
