@@ -37,11 +37,11 @@ template <class Entry> class StringTable {
         if (entries.size() * 2 >= slots.size()) grow();
         const uint64_t keyHash = hash(key);
         Slot &slot = slots[place(key, keyHash)];
-        if (!slot.entry) {
-            slot = {keyHash, &entries.emplace_back()};
-            slot.entry->key = vo::Ref(vo::retained(key));
-        }
-        return *slot.entry;
+        if (slot.entry) return *slot.entry;
+        Entry &added = entries.emplace_back();
+        added.key = vo::Ref(vo::retained(key));
+        slot = {keyHash, &added};
+        return added;
     }
 
     size_t size() const { return entries.size(); }
