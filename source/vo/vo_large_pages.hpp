@@ -10,12 +10,15 @@ namespace vo {
 inline constexpr int64_t largeBlock = int64_t{4} << 20;
 
 /// Asks the system to back a fresh block of memory with large pages. The first touch of memory
-/// costs more than decoding into it, and several times less in large pages. Only a hint.
+/// costs more than decoding into it, and several times less in large pages. Only a hint. It is for
+/// all pages of the block, the outermost too: a block that is partly so cannot be moved when it
+/// grows, only copied.
 inline void preferLargePages([[maybe_unused]] void *block, [[maybe_unused]] int64_t size) {
 #ifdef MADV_HUGEPAGE
     constexpr uintptr_t page = 4096;
-    const uintptr_t begin = (reinterpret_cast<uintptr_t>(block) + page - 1) & ~(page - 1);
-    const uintptr_t end = (reinterpret_cast<uintptr_t>(block) + uintptr_t(size)) & ~(page - 1);
+    const uintptr_t begin = reinterpret_cast<uintptr_t>(block) & ~(page - 1);
+    const uintptr_t end =
+        (reinterpret_cast<uintptr_t>(block) + uintptr_t(size) + page - 1) & ~(page - 1);
     madvise(reinterpret_cast<void *>(begin), end - begin, MADV_HUGEPAGE);
 #endif
 }
