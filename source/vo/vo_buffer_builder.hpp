@@ -2,6 +2,7 @@
 #pragma once
 
 #include "source/vo/vo_array.hpp"
+#include "source/vo/vo_utf.hpp"
 #include "vo/vo_buffer.h"
 
 #include <algorithm>
@@ -19,12 +20,7 @@ class BufferBuilder {
   public:
     /// Room for `count` more bytes, valid until the next call. `wrote` tells where they end.
     uint8_t *reserve(size_t count) {
-        int64_t least = used + int64_t(count);
-        if (!buffer) {
-            buffer = Ref(createArray<voBuffer>(voBufferSort(), least));
-        } else if (least > buffer->length) {
-            resizeArray(buffer.edit(), std::max(least, buffer->length * 2));
-        }
+        if (buffer->length - used < int64_t(count)) grow(int64_t(count));
         return buffer->items() + used;
     }
 
@@ -36,22 +32,41 @@ class BufferBuilder {
         used += int64_t(bytes.size());
     }
 
-    Bytes written() { return {reserve(0) - used, size_t(used)}; }
+    /// Appends a string in UTF-8; false when it holds something that is not a character.
+    bool append(voString *string) {
+        const uint32_t *at = string->items(), *end = at + string->length;
+        while (at < end) {
+            const uint32_t *stop = end - at > stride ? at + stride : end;
+            uint8_t *to = narrowToUtf8(reserve(size_t(stop - at) * 4), at, stop);
+            if (!to) return false;
+            wrote(to);
+            at = stop;
+        }
+        return true;
+    }
 
-    /// Hands over what was written, without the room that was not used.
+    /// What was written so far, valid until more is.
+    Bytes written() const { return {buffer->items(), size_t(used)}; }
+
+    /// Hands over what was written, without the room that was not used. The builder is done.
     voBuffer *take() {
-        reserve(0);
         voBuffer *result = buffer.take();
         if (roomFor(used) < roomFor(result->length))
-            result = static_cast<voBuffer *>(
-                std::realloc(static_cast<void *>(result), size_t(blockSize<voBuffer>(used))));
-        VO_ASSERT(result);
+            result = reinterpret_cast<voBuffer *>(
+                vo___ObjResize(&result->base, blockSize<voBuffer>(used)));
         result->length = used;
         return result;
     }
 
   private:
-    Ref<voBuffer> buffer; ///< Its length is its room.
+    /// Characters converted in one go, which bounds how much room is made in advance.
+    static constexpr ptrdiff_t stride = 4096;
+
+    void grow(int64_t count) {
+        resizeArray(buffer.edit(), std::max(used + count, buffer->length * 2));
+    }
+
+    Ref<voBuffer> buffer{createArray<voBuffer>(voBufferSort(), 0)}; ///< Its length is its room.
     int64_t used = 0;
 };
 

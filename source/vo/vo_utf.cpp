@@ -5,6 +5,7 @@
 #include "vo/vo_string.h"
 
 namespace vo {
+
 bool decodeUtf8Text(voCharset, Bytes bytes, bool lenient, BufferBuilder &out) {
     if (!lenient) return validUtf8(bytes) && (out.append(bytes), true);
     const uint8_t *at = bytes.data(), *end = at + bytes.size();
@@ -40,15 +41,6 @@ voString *voStringTryCreateFromUtf8(const char *bytes, int64_t count) {
 
 voBuffer *voStringTryToUtf8(voString *str) {
     VO_ASSERT(str);
-    constexpr ptrdiff_t blockSize = 4096;
     BufferBuilder out;
-    const uint32_t *at = str->items(), *end = at + str->length;
-    while (at < end) {
-        const uint32_t *stop = end - at < blockSize ? end : at + blockSize;
-        uint8_t *to = narrowToUtf8(out.reserve(size_t(stop - at) * 4), at, stop);
-        if (!to) return nullptr;
-        out.wrote(to);
-        at = stop;
-    }
-    return out.take();
+    return out.append(str) ? out.take() : nullptr;
 }

@@ -1,10 +1,9 @@
 // Text that is written out as UTF-8.
 #pragma once
 
-#include "source/vo/vo_array.hpp"
+#include "source/vo/vo_buffer_builder.hpp"
 #include "vo/vo.h"
 
-#include <cstring>
 #include <string_view>
 
 namespace xml {
@@ -13,28 +12,22 @@ namespace xml {
 class Writer {
   public:
     void ascii(std::string_view text) {
-        std::memcpy(room(int64_t(text.size())), text.data(), text.size());
-        written += int64_t(text.size());
+        uint8_t *to = out.reserve(text.size());
+        std::memcpy(to, text.data(), text.size());
+        out.wrote(to + text.size());
     }
-    void string(voString *string);
+    void string(voString *string) { wellFormed = wellFormed && out.append(string); }
 
     /// The value of an attribute in quotes.
     void quoted(voString *value);
 
     /// The text, or null when a string held something that is not a character.
-    vo::Ref<voBuffer> finish();
+    vo::Ref<voBuffer> finish() { return vo::Ref(wellFormed ? out.take() : nullptr); }
 
   private:
-    /// Where the next bytes go: room for at least that many.
-    uint8_t *room(int64_t bytes) {
-        if (buffer->length - written < bytes) grow(bytes);
-        return buffer->items() + written;
-    }
-    void grow(int64_t bytes);
-    void requote(int64_t begin);
+    void requote(size_t begin);
 
-    vo::Ref<voBuffer> buffer{voBufferCreate()}; ///< Longer than what has been written.
-    int64_t written = 0;
+    vo::BufferBuilder out;
     bool wellFormed = true;
 };
 
