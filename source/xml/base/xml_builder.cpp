@@ -7,7 +7,7 @@
 
 namespace xml {
 
-static bool isBlank(Piece piece) { return skipS(piece.begin, piece.end) == piece.end; }
+static bool isBlank(const Piece &piece) { return skipS(piece.begin, piece.end) == piece.end; }
 
 /// Memory of a typical tree as a multiple of its text, to size the first chunk.
 constexpr int64_t treePerText = 6;
@@ -28,14 +28,14 @@ Builder::~Builder() {
 
 /// Pieces come front to back, so that looking ahead for the next character above 127 costs one
 /// pass over the text in all.
-bool Builder::isAscii(Piece piece) {
+bool Builder::isAscii(const Piece &piece) {
     if (piece.begin < ascii.begin) return vo::skipAscii(piece.begin, piece.end) == piece.end;
     if (piece.begin > ascii.end || ascii.end < piece.end)
         ascii = {piece.begin, vo::skipAscii(piece.begin, textEnd)};
     return piece.end <= ascii.end;
 }
 
-voString *Builder::string(Piece piece) {
+voString *Builder::string(const Piece &piece) {
     const bool plain = isAscii(piece);
     int64_t length = plain ? piece.size() : vo::countUtf8(piece.begin, piece.end);
     auto *string = place.createArray<voString>(sorts.string, length);
@@ -48,11 +48,12 @@ voString *Builder::string(Piece piece) {
 
 /// Widens ASCII 16 characters at a time, past the end of the string into the chunk's slack: most
 /// strings are so short that counting exactly would take longer. Not near the end of the text.
-bool Builder::widenInBlocks([[maybe_unused]] uint32_t *out, [[maybe_unused]] Piece piece) const {
+bool Builder::widenInBlocks([[maybe_unused]] uint32_t *out,
+                            [[maybe_unused]] const Piece &piece) const {
 #if defined(__SSE2__) && VO_CHUNKS
     if (textEnd - piece.end < 16) return false;
-    for (; piece.begin < piece.end; piece.begin += 16, out += 16)
-        vo::widen16(out, vo::load16(piece.begin));
+    for (const uint8_t *at = piece.begin; at < piece.end; at += 16, out += 16)
+        vo::widen16(out, vo::load16(at));
     return true;
 #else
     return false;
@@ -66,10 +67,10 @@ template <class T> voVector *Builder::vector(std::span<T *> objects) {
     return vector;
 }
 
-XML_ATTRIBUTE *Builder::attribute(Name *name, Piece value, voParserLocation *location) {
+XML_ATTRIBUTE *Builder::attribute(Name *name, const Piece &value, voParserLocation *location) {
     auto *attr = place.create<XML_ATTRIBUTE>(sorts.attribute);
     auto *text = place.create<XML_TEXT>(sorts.text);
-    attr->name = share(name->string);
+    attr->name = share<voString>(name->string);
     attr->text = text;
     attr->location = location;
     text->value = string(value);
@@ -80,7 +81,7 @@ XML_ATTRIBUTE *Builder::attribute(Name *name, Piece value, voParserLocation *loc
 XML_ITEM *Builder::element(Name *name, std::span<XML_ATTRIBUTE *> attributes,
                            voParserLocation *location) {
     auto [item, element] = itemWith<XML_ELEMENT>(XML_ITEM_TYPE_ELEMENT, sorts.element);
-    element->name = share(name->string);
+    element->name = share<voString>(name->string);
     if (attributes.empty()) {
         element->attributes = share(noAttributes);
     } else {
@@ -102,7 +103,7 @@ XML_ITEMS *Builder::items(std::span<XML_ITEM *> items) {
     return list;
 }
 
-XML_ITEM *Builder::text(Piece value, voParserLocation *location) {
+XML_ITEM *Builder::text(const Piece &value, voParserLocation *location) {
     if (location || !isBlank(value))
         return characterData<XML_TEXT>(XML_ITEM_TYPE_TEXT, sorts.text, value, location);
     // Runs of white space differ most in their length.

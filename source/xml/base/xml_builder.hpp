@@ -43,11 +43,11 @@ class Builder {
     ~Builder();
 
     /// The name's entry; one for all places where the name occurs.
-    Name *name(Piece piece) { return names.intern(*this, piece.bytes()); }
+    Name *name(const Piece &piece) { return names.intern(*this, piece.bytes()); }
 
-    voString *string(Piece piece);
+    voString *string(const Piece &piece);
 
-    XML_ATTRIBUTE *attribute(Name *name, Piece value, voParserLocation *location);
+    XML_ATTRIBUTE *attribute(Name *name, const Piece &value, voParserLocation *location);
 
     /// An item with an element that still lacks its children. `attributes` are adopted.
     XML_ITEM *element(Name *name, std::span<XML_ATTRIBUTE *> attributes,
@@ -59,11 +59,11 @@ class Builder {
     XML_ITEMS *items(std::span<XML_ITEM *> items);
 
     /// A text item. `location` may be null.
-    XML_ITEM *text(Piece value, voParserLocation *location);
+    XML_ITEM *text(const Piece &value, voParserLocation *location);
 
     /// An item with a comment, a processing instruction or a CDATA section.
-    template <class Node> XML_ITEM *characterData(XML_ITEM_TYPE type, voSort *sort, Piece value,
-                                                  voParserLocation *location) {
+    template <class Node> XML_ITEM *characterData(XML_ITEM_TYPE type, voSort *sort,
+                                                  const Piece &value, voParserLocation *location) {
         auto [item, node] = itemWith<Node>(type, sort);
         node->location = location;
         node->value = string(value);
@@ -91,8 +91,8 @@ class Builder {
     }
 
     template <class T> voVector *vector(std::span<T *> objects);
-    bool isAscii(Piece piece);
-    bool widenInBlocks(uint32_t *out, Piece piece) const;
+    bool isAscii(const Piece &piece);
+    bool widenInBlocks(uint32_t *out, const Piece &piece) const;
 
     /// Looked up once: each sort is behind a call into a library.
     struct Sorts {
