@@ -1,6 +1,6 @@
 #include "source/vo/vo_table.hpp"
 
-#include "source/vo/vo_hash.hpp"
+#include "source/vo/vo_string_key.hpp"
 #include "source/vo/vo_words.hpp"
 #include "vo/vo_string.h"
 
@@ -17,14 +17,6 @@ constexpr int64_t fewKeys = 8;
 constexpr int indexBits = 40;
 constexpr uint64_t indexMask = (uint64_t{1} << indexBits) - 1;
 
-uint64_t hashOf(voString *key) {
-    return hashBytes(key->items(), size_t(key->length) * sizeof(uint32_t));
-}
-
-bool equal(voString *a, voString *b) {
-    return a->length == b->length && std::equal(a->items(), a->items() + a->length, b->items());
-}
-
 /// The slot of `key`, or the unused one where it belongs.
 uint64_t *slotOf(const Table &table, voString *key, uint64_t hash) {
     uint64_t mask = uint64_t(wordCount(table.slots)) - 1;
@@ -32,12 +24,12 @@ uint64_t *slotOf(const Table &table, voString *key, uint64_t hash) {
         uint64_t *slot = words(table.slots) + i;
         if (!*slot) return slot;
         bool sameTag = *slot >> indexBits == hash >> indexBits;
-        if (sameTag && equal(table.key(int64_t(*slot & indexMask) - 1), key)) return slot;
+        if (sameTag && sameText(table.key(int64_t(*slot & indexMask) - 1), key)) return slot;
     }
 }
 
 void fillSlot(Table &table, int64_t index) {
-    uint64_t hash = hashOf(table.key(index));
+    uint64_t hash = hashText(table.key(index));
     *slotOf(table, table.key(index), hash) = (hash & ~indexMask) | uint64_t(index + 1);
 }
 
@@ -54,9 +46,9 @@ void rebuild(Table &table, int64_t keys) {
 
 int64_t Table::find(voString *key) const {
     if (isArray) return -1;
-    if (slots) return int64_t(*slotOf(*this, key, hashOf(key)) & indexMask) - 1;
+    if (slots) return int64_t(*slotOf(*this, key, hashText(key)) & indexMask) - 1;
     for (int64_t i = 0; i < length(); ++i)
-        if (equal(this->key(i), key)) return i;
+        if (sameText(this->key(i), key)) return i;
     return -1;
 }
 

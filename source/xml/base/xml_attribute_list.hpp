@@ -2,11 +2,9 @@
 #pragma once
 
 #include "source/vo/vo_allocator.hpp"
-#include "source/vo/vo_array.hpp"
-#include "source/vo/vo_hash.hpp"
+#include "source/vo/vo_string_key.hpp"
+#include "source/xml/base/xml_hash_table.hpp"
 #include "vo/vo.h"
-
-#include <unordered_map>
 
 namespace xml {
 
@@ -16,26 +14,19 @@ struct AttributeKey {
     voString *ns; ///< Null equals only null.
 };
 
-inline bool equal(voString *a, voString *b) {
-    if (a == b || !a || !b) return a == b;
-    return a->length == b->length &&
-           !std::memcmp(a->items(), b->items(), size_t(a->length) * sizeof(uint32_t));
-}
 inline bool operator==(const AttributeKey &a, const AttributeKey &b) {
-    return equal(a.name, b.name) && equal(a.ns, b.ns);
+    return vo::sameText(a.name, b.name) && vo::sameOptionalText(a.ns, b.ns);
 }
 
 /// Where each key of a run of attributes stands last.
 class LastPlaces {
   public:
-    LastPlaces(int64_t begin, int64_t end) : first(begin), hashed(end - begin > mostScanned) {
-        if (hashed) places.reserve(size_t(end - begin));
-    }
+    LastPlaces(int64_t begin, int64_t end) : first(begin), hashed(end - begin > mostScanned) {}
 
     /// Adds the key of the next attribute.
     void add(const AttributeKey &key) {
         if (hashed)
-            places[key] = first + added;
+            entry(key).place = first + added;
         else
             keys[added] = key;
         ++added;
@@ -44,8 +35,8 @@ class LastPlaces {
     /// The place of the last attribute of the run with `key`, or -1.
     int64_t find(const AttributeKey &key) const {
         if (hashed) {
-            auto found = places.find(key);
-            return found == places.end() ? -1 : found->second;
+            const Entry *found = find(key, hash(key));
+            return found ? found->place : -1;
         }
         int64_t i = added - 1;
         while (i >= 0 && !(keys[i] == key))
@@ -56,22 +47,32 @@ class LastPlaces {
   private:
     static constexpr int64_t mostScanned = 16; ///< Longer runs are hashed.
 
-    struct Hash {
-        size_t operator()(const AttributeKey &key) const {
-            return hash(key.name) * 31 + (key.ns ? hash(key.ns) : 0);
-        }
-        static size_t hash(voString *string) {
-            return vo::hashBytes(string->items(), size_t(string->length) * sizeof(uint32_t));
-        }
+    struct Entry {
+        AttributeKey key;
+        int64_t place;
     };
+
+    static uint64_t hash(const AttributeKey &key) {
+        return vo::hashText(key.name) * 31 + (key.ns ? vo::hashText(key.ns) : 0);
+    }
+
+    Entry *find(const AttributeKey &key, uint64_t hash) const {
+        return places.find(hash, [&](const Entry &entry) { return entry.key == key; });
+    }
+
+    Entry &entry(const AttributeKey &key) {
+        const uint64_t keyHash = hash(key);
+        if (Entry *known = find(key, keyHash)) return *known;
+        Entry &made = places.add(keyHash);
+        made.key = key;
+        return made;
+    }
 
     int64_t first;
     int64_t added = 0;
     bool hashed;
     AttributeKey keys[mostScanned];
-    std::unordered_map<AttributeKey, int64_t, Hash, std::equal_to<>,
-                       vo::Allocator<std::pair<const AttributeKey, int64_t>>>
-        places;
+    HashTable<Entry> places;
 };
 
 /// No two attributes of a list have one key, and the attribute placed last wins. A layer says what

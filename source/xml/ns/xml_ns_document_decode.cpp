@@ -67,8 +67,8 @@ bool mayHaveTwins(voVector *attributes) {
     if (attrs.size() > 16) return true;
     for (size_t i = 1; i < attrs.size(); ++i)
         for (size_t j = 0; j < i; ++j)
-            if (xml::sameText(attrs[i]->localName, attrs[j]->localName) &&
-                xml::sameOptionalText(attrs[i]->ns, attrs[j]->ns))
+            if (vo::sameText(attrs[i]->localName, attrs[j]->localName) &&
+                vo::sameOptionalText(attrs[i]->ns, attrs[j]->ns))
                 return true;
     return false;
 }

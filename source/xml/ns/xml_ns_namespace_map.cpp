@@ -21,7 +21,7 @@ XML_OBJECT(NsNamespaceMap, XML_NS_NAMESPACE_MAP, map);
 Mapping *xml::findMapping(const Map *map, voString *optionalPrefix) {
     if (map->index) return map->index->find(optionalPrefix);
     for (Mapping *mapping : mappingsOf(map))
-        if (sameOptionalText(mapping->prefix, optionalPrefix)) return mapping;
+        if (vo::sameOptionalText(mapping->prefix, optionalPrefix)) return mapping;
     return nullptr;
 }
 
@@ -29,7 +29,7 @@ Mapping *xml::findMapping(const Map *map, voString *optionalPrefix) {
 static Mapping *findByNamespace(const Map *map, voString *ns, bool prefixed) {
     if (map->index) return map->index->findByNamespace(ns, prefixed);
     for (Mapping *mapping : mappingsOf(map))
-        if (mapping->ns && (mapping->prefix || !prefixed) && xml::sameText(mapping->ns, ns))
+        if (mapping->ns && (mapping->prefix || !prefixed) && vo::sameText(mapping->ns, ns))
             return mapping;
     return nullptr;
 }
@@ -42,7 +42,7 @@ static int64_t positionOf(const Map *map, voString *optionalPrefix, int64_t exce
     for (size_t i = 0; i < mappings.size(); ++i) {
         if (int64_t(i) == except) continue;
         if (known ? mappings[i] == known
-                  : xml::sameOptionalText(mappings[i]->prefix, optionalPrefix))
+                  : vo::sameOptionalText(mappings[i]->prefix, optionalPrefix))
             return int64_t(i);
     }
     return -1;
