@@ -19,18 +19,18 @@ constexpr voCharset unicodeCharsets[] = {
     VO_CHARSET_UTF_32BE, VO_CHARSET_UTF_32LE,
 };
 
+/// The head of an input in UTF-8.
 struct Head {
-    const uint32_t *at;
-    const uint32_t *end;
+    const uint8_t *at;
+    const uint8_t *end;
 
-    bool skip(std::u32string_view token) {
-        if (end - at < int64_t(token.size()) || !std::equal(token.begin(), token.end(), at))
-            return false;
+    std::string_view bytes() const {
+        return {reinterpret_cast<const char *>(at), size_t(end - at)};
+    }
+    bool skip(std::string_view token) {
+        if (!bytes().starts_with(token)) return false;
         at += token.size();
         return true;
-    }
-    bool equals(std::u32string_view token) const {
-        return std::equal(at, end, token.begin(), token.end());
     }
 };
 
@@ -43,14 +43,15 @@ Ref<voBuffer> headOf(voBuffer *bytes) {
 /// The character set that the declaration names, or nothing. `head` follows the "<?xml".
 std::optional<voCharset> declaredCharset(Head head) {
     for (;;) {
-        const uint32_t *name = skipS(head.at, head.end);
-        const uint32_t *nameEnd = skipName(name, head.end);
-        const uint32_t *value = skipEq(nameEnd, head.end);
-        const uint32_t *valueEnd = skipAttValue(value, head.end);
+        const uint8_t *name = skipS(head.at, head.end);
+        const uint8_t *nameEnd = skipName(name, head.end);
+        const uint8_t *value = skipEq(nameEnd, head.end);
+        const uint8_t *valueEnd = skipAttValue(value, head.end);
         if (nameEnd == name || value == nameEnd || valueEnd == value) return std::nullopt;
-        if (Head{name, nameEnd}.equals(U"encoding")) {
-            Ref iana(voStringCreateFromCharsCopy(value + 1, valueEnd - value - 2));
-            voCharset named = voCharsetFromIanaName(iana);
+        if (Head{name, nameEnd}.bytes() == "encoding") {
+            Head iana{value + 1, valueEnd - 1};
+            voCharset named = voCharsetFromIanaName(
+                Ref(voStringTryCreateFromUtf8(iana.bytes().data(), valueEnd - value - 2)));
             return VO_CHARSET_OK(named) ? std::optional(named) : std::nullopt;
         }
         head.at = valueEnd;
@@ -59,13 +60,13 @@ std::optional<voCharset> declaredCharset(Head head) {
 
 /// The character set of an input that begins with a declaration when read in `candidate`.
 std::optional<voCharset> charsetIfReadAs(voCharset candidate, voBuffer *bytes) {
-    Ref text(voCharsetTryConvertBufferToStringWithFlags(candidate, bytes, VO_CHARSET_FLAG_SNIFF));
+    Ref text(voCharsetTryConvertBufferToUtf8WithFlags(candidate, bytes, VO_CHARSET_FLAG_SNIFF));
     if (!text) return std::nullopt;
-    Head head{voStringBacking(text), voStringBacking(text) + voStringLength(text)};
+    Head head{voBufferBacking(text), voBufferBacking(text) + voBufferLength(text)};
     head.at = skipS(head.at, head.end);
-    if (!head.skip(U"<?xml")) return std::nullopt;
+    if (!head.skip("<?xml")) return std::nullopt;
     if (head.at < head.end && isSpace(*head.at)) return declaredCharset(head).value_or(candidate);
-    return head.skip(U"?>") ? std::optional(candidate) : std::nullopt;
+    return head.skip("?>") ? std::optional(candidate) : std::nullopt;
 }
 
 std::optional<voCharset> findCharset(voBuffer *bytes) {
