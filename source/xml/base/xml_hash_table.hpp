@@ -16,56 +16,62 @@ template <class Entry> class HashTable {
 
     /// The entry with that hash for which `isWanted` is true, or null.
     template <class IsWanted> Entry *find(uint64_t hash, IsWanted isWanted) const {
-        if (slots.empty()) return nullptr;
-        for (size_t i = hash;; ++i) {
-            const Slot &slot = slots[i & (slots.size() - 1)];
-            if (!slot.entry || (slot.hash == hash && isWanted(*slot.entry))) return slot.entry;
+        if (tags.empty()) return nullptr;
+        for (size_t i = hash & mask();; i = (i + 1) & mask()) {
+            if (!tags[i]) return nullptr;
+            if (tags[i] == tagOf(hash) && slots[i]->hash == hash && isWanted(slots[i]->entry))
+                return &slots[i]->entry;
         }
     }
 
     /// Adds an entry for a key that is not there.
     Entry &add(uint64_t hash) {
-        if (2 * count >= slots.size()) grow();
+        if (2 * count >= tags.size()) grow();
+        if (blocks.empty() || blocks.back().size() == blocks.back().capacity())
+            blocks.emplace_back().reserve(count + fewest);
         ++count;
-        Entry &entry = create();
-        place({hash, &entry});
-        return entry;
+        Node &node = blocks.back().emplace_back();
+        node.hash = hash;
+        place(node);
+        return node.entry;
     }
 
     size_t size() const { return count; }
 
   private:
-    /// The hash stands here so that looking and growing touch no other entries.
-    struct Slot {
-        uint64_t hash = 0;
-        Entry *entry = nullptr; ///< Null where free.
+    struct Node {
+        uint64_t hash;
+        Entry entry;
     };
 
     static constexpr size_t fewest = 32;
 
-    /// Entries lie in blocks, each twice as large as the one before.
-    Entry &create() {
-        if (blocks.empty() || blocks.back().size() == blocks.back().capacity())
-            blocks.emplace_back().reserve(count + fewest);
-        return blocks.back().emplace_back();
-    }
+    size_t mask() const { return tags.size() - 1; }
+
+    /// Bits of the hash that have no part in finding the place; never 0.
+    static uint8_t tagOf(uint64_t hash) { return uint8_t(hash >> 56 | 1); }
 
     void grow() {
-        vo::Vec<Slot> former(slots.empty() ? fewest : 2 * slots.size());
-        former.swap(slots);
-        for (const Slot &slot : former)
-            if (slot.entry) place(slot);
+        const size_t room = tags.empty() ? fewest : 2 * tags.size();
+        tags.assign(room, 0);
+        slots.assign(room, nullptr);
+        for (auto &block : blocks)
+            for (Node &node : block)
+                place(node);
     }
 
-    void place(const Slot &slot) {
-        size_t i = slot.hash;
-        while (slots[i & (slots.size() - 1)].entry)
-            ++i;
-        slots[i & (slots.size() - 1)] = slot;
+    void place(Node &node) {
+        size_t i = node.hash & mask();
+        while (tags[i])
+            i = (i + 1) & mask();
+        tags[i] = tagOf(node.hash);
+        slots[i] = &node;
     }
 
-    vo::Vec<vo::Vec<Entry>> blocks;
-    vo::Vec<Slot> slots; ///< None or a power of two; at most half of them used.
+    vo::Vec<vo::Vec<Node>> blocks; ///< Each as large as all before it, and never moved.
+    vo::Vec<Node *> slots;         ///< A power of two; means something where there is a tag.
+    vo::Vec<uint8_t> tags;         ///< Of the slots; 0 where one is free, as half of them are. Most
+                                   ///< of what is looked for is told by these few bytes alone.
     size_t count = 0;
 };
 
