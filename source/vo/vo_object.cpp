@@ -14,45 +14,41 @@ namespace {
 
 /// What one thread is freeing.
 ///
-/// Dead objects wait in a list, so that a deep tree needs no deep stack. The list runs through the
-/// counts, which are dead: it needs no memory. What an object releases goes to the front of the
-/// list in order, so that a tree is freed in the order in which it tends to lie in memory.
+/// What an object releases is freed within the freeing of the object, in the order in which a tree
+/// tends to lie in memory. Deeper down dead objects wait in a list, so that a deep tree needs no
+/// deep stack. The list runs through the counts, which are dead: it needs no memory.
 class Freeing {
   public:
     void add(voObj *object) {
-        if (!sortOf(object)->free) {
-            dispose(object);
-            if (!draining) leaveLastChunk();
-            return;
-        }
-        auto &link = place ? *place : waiting;
-        object->refs.store(link.load(std::memory_order_relaxed), std::memory_order_relaxed);
-        link.store(reinterpret_cast<int64_t>(object), std::memory_order_relaxed);
-        place = &object->refs;
-        if (!draining) drain();
-    }
-
-  private:
-    void drain() {
-        draining = true;
-        while (voObj *object = first()) {
-            place = nullptr;
-            voSort *sort = sortOf(object);
-            if (voObj *part = sort->nextDead ? sort->nextDead(object) : nullptr) {
-                add(part);
-                continue;
-            }
-            waiting.store(object->refs.load(std::memory_order_relaxed), std::memory_order_relaxed);
-            sort->free(object);
-            dispose(object);
-        }
-        place = nullptr;
-        draining = false;
+        if (depth < deepest)
+            freeNow(object);
+        else
+            wait(object);
+        if (depth) return;
+        while (waiting)
+            freeNow(takeWaiting());
         leaveLastChunk();
     }
 
-    voObj *first() const {
-        return reinterpret_cast<voObj *>(waiting.load(std::memory_order_relaxed));
+  private:
+    /// At most some 10 KB of stack.
+    static constexpr int deepest = 64;
+
+    void freeNow(voObj *object) {
+        ++depth;
+        if (auto *releaseParts = sortOf(object)->free) releaseParts(object);
+        --depth;
+        dispose(object);
+    }
+
+    void wait(voObj *object) {
+        object->refs.store(reinterpret_cast<int64_t>(waiting), std::memory_order_relaxed);
+        waiting = object;
+    }
+
+    voObj *takeWaiting() {
+        const int64_t next = waiting->refs.load(std::memory_order_relaxed);
+        return std::exchange(waiting, reinterpret_cast<voObj *>(next));
     }
 
     /// Returns an object's memory. Neighbours leave their chunk together, because its count is one
@@ -70,9 +66,8 @@ class Freeing {
         if (chunk) leaveChunk(std::exchange(chunk, nullptr), std::exchange(left, 0));
     }
 
-    std::atomic<int64_t> waiting{0};       ///< The first dead object.
-    std::atomic<int64_t> *place = nullptr; ///< Behind which the next is linked; null: in front.
-    bool draining = false;
+    int depth = 0;            ///< Objects whose parts are being released.
+    voObj *waiting = nullptr; ///< The one that waits to be freed next.
     Chunk *chunk = nullptr;
     int64_t left = 0; ///< Objects of `chunk` that have gone.
 };

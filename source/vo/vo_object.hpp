@@ -17,7 +17,7 @@ struct voObj {
     /// The sort's address. Its four low bits are 0 for an object that is an allocation of its own
     /// and otherwise tell the size of the chunk it lives in (vo_chunk.hpp).
     voSort *taggedSort;
-    /// Holders of the object. A dead object's count links the queue of objects to be freed.
+    /// Holders of the object. A dead object's count may link it to others that wait to be freed.
     std::atomic<int64_t> refs;
 };
 
@@ -28,10 +28,7 @@ struct alignas(16) voSort {
     void (*free)(voObj *);                          ///< Null: there are no parts to release.
     int64_t (*compare)(voObj *, voObj *) = nullptr; ///< Null: by identity.
     voString *(*toString)(voObj *) = nullptr;       ///< Null: the sort's name.
-    /// For an object of many parts: releases some of a dead object's, up to the first that dies
-    /// with it, and gives that one; null when there are no more and `free` may be called.
-    voObj *(*nextDead)(voObj *) = nullptr;
-    void *reserved[4] = {};
+    void *reserved[5] = {};
 };
 
 // ---------------------------------------------------------------- checks

@@ -7,26 +7,14 @@
 
 using namespace vo;
 
-static void freeVector(voObj *) {}
-
-/// Items are released one by one, each with all that dies with it before the next is looked at, so
-/// that even a long vector passes through the caches once. The place of the first item, which goes
-/// first, then holds how many have been released, marked by an odd value.
-static voObj *releaseNextItem(voObj *obj) {
+static void freeVector(voObj *obj) {
     voVector *vec = voVectorFrom(obj);
-    if (!vec->length) return nullptr;
-    auto *words = reinterpret_cast<uintptr_t *>(vec->items());
-    for (uintptr_t i = words[0] & 1 ? words[0] / 2 : 0; i < uintptr_t(vec->length); ++i) {
-        voObj *item = vec->items()[i];
-        if (!dropLast(item)) continue;
-        words[0] = (i + 1) * 2 + 1;
-        return item;
-    }
-    return nullptr;
+    for (int64_t i = 0; i < vec->length; ++i)
+        release(vec->items()[i]);
 }
 
-constinit voSort vo___sort_voVector = {{nullptr, 1},      nullptr, "voVector",     freeVector,
-                                       compareContainers, nullptr, releaseNextItem};
+constinit voSort vo___sort_voVector = {
+    {nullptr, 1}, nullptr, "voVector", freeVector, compareContainers};
 VO_OPERATIONS(voVector, voVector, vo___sort_voVector);
 
 /// Opens a gap of `count` places before `index` and gives its first. What the gap is to hold must
