@@ -19,7 +19,7 @@ struct Input {
 };
 
 bool readInput(const std::string &file, Input &input) {
-    input.name = file == "-" ? "<stdin>" : file;
+    input.name = file == "-" ? "<stdin>" : file.empty() ? "\"\"" : file;
     const int error = readFile(file, input.bytes);
     if (error != 0) reportFile(input.name, "cannot be read", error);
     return error == 0;
@@ -47,7 +47,7 @@ Status refuse(const Input &input, const Failure &failure) {
 /// Reports a text that the character set of the output lacks characters for.
 Status refuseMisfit(const Input &input, XML_DOCUMENT *document) {
     const Source source(input.bytes);
-    const Misfit misfit = firstMisfit(source.text(), xmlDocumentCharset(document));
+    const Misfit misfit = firstMisfit(source, xmlDocumentCharset(document));
     report({input.name, misfit.place, misfit.text, {}, misfit.hint}, source.text());
     return charsetTooSmall;
 }

@@ -10,9 +10,8 @@
 namespace tool {
 
 Ref<voBuffer> headOf(voBuffer *input) {
-    constexpr int64_t length = 1024;
     Ref head(voBufferRetain(input));
-    if (voBufferLength(head) > length) voBufferDelOuter(head.edit(), 0, length);
+    if (voBufferLength(head) > headLength) voBufferDelOuter(head.edit(), 0, headLength);
     return head;
 }
 
@@ -20,6 +19,26 @@ static std::string declaredIn(Chars head, size_t attributes) {
     for (const Attribute &attribute : scanAttributes(head, attributes).attributes)
         if (attribute.name == "encoding") return utf8(attribute.value);
     return {};
+}
+
+/// How many bytes the units of a character set have.
+static int unitSize(voCharset charset) {
+    switch (charset) {
+    case VO_CHARSET_UTF_16:
+    case VO_CHARSET_UTF_16BE:
+    case VO_CHARSET_UTF_16LE:
+        return 2;
+    case VO_CHARSET_UTF_32:
+    case VO_CHARSET_UTF_32BE:
+    case VO_CHARSET_UTF_32LE:
+        return 4;
+    default:
+        return 1;
+    }
+}
+
+bool Encoding::contradictsItself() const {
+    return hasDeclaration && unitSize(charset) != unitSize(readable);
 }
 
 Encoding encodingOf(voBuffer *input) {
@@ -39,7 +58,8 @@ Encoding encodingOf(voBuffer *input) {
         std::string name = declaredIn(found, end);
         const voCharset declared = voCharsetFromIanaName(makeString(name));
         const bool isKnown = VO_CHARSET_OK(declared);
-        return {true, std::move(name), isKnown, isKnown ? declared : candidate};
+        const bool isWhole = contains(found, end, "?>");
+        return {true, std::move(name), isKnown, isWhole, isKnown ? declared : candidate, candidate};
     }
     return {};
 }

@@ -12,10 +12,16 @@ struct Encoding {
     bool hasDeclaration = false; ///< It begins with an XML declaration.
     std::string declared;        ///< The encoding named there, if any.
     bool isKnown = false;        ///< It is a character set of the library.
+    bool isWhole = false;        ///< The declaration ends within the head of the input.
     voCharset charset = VO_CHARSET_UTF_8;
+    voCharset readable = VO_CHARSET_UTF_8; ///< In which the declaration could be read.
+
+    /// Whether the declaration names an encoding in which it could not be read itself.
+    bool contradictsItself() const;
 };
 
-/// The start of an input, in which its declaration is looked for.
+/// The start of an input, in which its declaration is looked for: at most `headLength` bytes.
+constexpr int64_t headLength = 1024;
 Ref<voBuffer> headOf(voBuffer *input);
 
 /// Finds the character set as the decoder does.

@@ -46,6 +46,9 @@ std::string missingDeclaration(voBuffer *input) {
     const size_t start = skipSpace(head, 0);
     if (contains(head, start, "<?xml "))
         return "the XML declaration must come first; remove what stands before it";
+    constexpr size_t openingSize = 6; // "<?xml "
+    if (start > 0 && voBufferLength(input) > headLength && head.size() - start < openingSize)
+        return "the XML declaration must begin within the first 1024 bytes";
     if (start == head.size() || head[start] == '<')
         return "a document begins with an XML declaration: " + std::string(exampleDeclaration);
     return "this does not look like XML; it begins with \"" +
@@ -59,8 +62,10 @@ std::string illFormedUtf8(voBuffer *input, const Encoding &encoding) {
     std::string hint = "byte 0x" + hex(byte, 2) + " at offset " +
                        std::to_string(place->byteOffset) + " (" + at(place->line, place->column) +
                        ") is not well-formed UTF-8";
-    if (encoding.declared.empty()) hint += "; the declaration names no other encoding";
-    return hint;
+    if (!encoding.declared.empty()) return hint;
+    return hint + (encoding.isWhole ? "; the declaration names no other encoding"
+                                    : "; an encoding counts if it is declared within the first "
+                                      "1024 bytes");
 }
 
 bool looksLikeUtf8(voBuffer *input) {
@@ -253,6 +258,10 @@ constexpr Entry entries[] = {
 } // namespace
 
 std::string hintFor(const Source &source, const Failure &failure) {
+    const Encoding &encoding = source.encoding;
+    if (encoding.contradictsItself())
+        return "the declaration is written in " + charsetName(encoding.readable) +
+               ", but names the encoding " + quoted(encoding.declared);
     if (failure.code == "XML_DECODE_ERROR_CODE_CHARSET") return charsetHint(source);
     const size_t size = source.text().size();
     if (!failure.place || static_cast<size_t>(failure.place->offset) > size) return {};

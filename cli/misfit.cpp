@@ -1,6 +1,7 @@
 #include "misfit.hpp"
 
 #include "charset.hpp"
+#include "walk.hpp"
 
 #include <unordered_set>
 
@@ -32,13 +33,56 @@ static std::string describe(uint32_t ch) {
     return isPrintable(ch) ? name + " '" + utf8(Chars(&ch, 1)) + "'" : name;
 }
 
-Misfit firstMisfit(Chars text, voCharset charset) {
-    const std::string hint = "UTF-8 has every character";
+/// Looks for a misfit among the namespace names, in which references give way to what they stand
+/// for.
+class NamespaceNames {
+  public:
+    explicit NamespaceNames(voCharset wantedCharset) : charset(wantedCharset) {}
+
+    template <class Node> void node(const Ref<Node> &node, size_t) {
+        if constexpr (std::is_same_v<Node, XML_NS_ELEMENT>) search(node);
+    }
+
+    std::optional<uint32_t> found;
+    std::optional<Place> place; ///< Of the element that declares the name.
+
+  private:
+    void search(XML_NS_ELEMENT *element) {
+        Ref declared(xmlNsElementNamespaceMap(element));
+        const int64_t length = declared && !found ? xmlNsNamespaceMapLength(declared) : 0;
+        for (int64_t i = 0; i < length && !found; ++i) {
+            Ref mapping(xmlNsNamespaceMapMappingAt(declared, i));
+            Ref name(xmlNsNamespaceMappingNamespace(mapping));
+            const Chars text = name ? chars(name) : Chars();
+            const size_t index = indexOfMisfit(text, charset);
+            if (index == text.size()) continue;
+            found = text[index];
+            place = placeOf(Ref(xmlNsElementLocation(element)));
+        }
+    }
+
+    voCharset charset;
+};
+
+static std::string hintFor(uint32_t ch) {
+    constexpr uint32_t firstSurrogate = 0xD800, lastSurrogate = 0xDFFF;
+    if (ch >= firstSurrogate && ch <= lastSurrogate) return "a surrogate is not a character";
+    return "UTF-8 has every character";
+}
+
+Misfit firstMisfit(const Source &source, voCharset charset) {
+    const Chars text = source.text();
+    const std::string lacks = charsetName(charset) + " lacks the ";
     const size_t index = indexOfMisfit(text, charset);
-    const std::string name = charsetName(charset);
-    if (index == text.size())
-        return {{}, "the document has a character that " + name + " lacks", hint};
-    return {placeAt(text, index), name + " lacks the " + describe(text[index]), hint};
+    if (index < text.size())
+        return {placeAt(text, index), lacks + describe(text[index]), hintFor(text[index])};
+    NamespaceNames names(charset);
+    const Decoded decoded = decode(source.bytes, {.namespaces = true, .locations = true});
+    if (decoded.nsDocument) walk<Namespaced>(Ref(xmlNsDocumentItems(decoded.nsDocument)), names);
+    if (!names.found)
+        return {{}, lacks + "characters of the document as they follow each other", hintFor(0)};
+    return {names.place, lacks + describe(*names.found) + " of a namespace name",
+            hintFor(*names.found)};
 }
 
 } // namespace tool

@@ -2,18 +2,18 @@
 #pragma once
 
 #include "decode.hpp"
-#include "text.hpp"
+#include "encoding.hpp"
 
 namespace tool {
 
 /// The first character of an input that a character set lacks.
 struct Misfit {
-    std::optional<Place> place; ///< Unknown when only the output has such a character.
+    std::optional<Place> place;
     std::string text;
     std::string hint;
 };
 
-/// `text` is an input whose document does not fit into `charset`.
-Misfit firstMisfit(Chars text, voCharset charset);
+/// `source` is an input whose document does not fit into `charset`.
+Misfit firstMisfit(const Source &source, voCharset charset);
 
 } // namespace tool

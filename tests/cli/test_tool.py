@@ -167,6 +167,13 @@ class Errors(ToolTest):
             (b"<?xml version='1.0' encoding='windows-1252'?>\x81",
              "the declaration names the encoding 'windows-1252', but the bytes are "
              "not all valid in it"),
+            (b" " * 1020 + b"<?xml version='1.0'?><a/>",
+             "the XML declaration must begin within the first 1024 bytes"),
+            (b"<?xml version='1.0'" + b" " * 1010 + b"encoding='latin1'?>\xe9",
+             "byte 0xE9 at offset 1048 (line 1, column 1049) is not well-formed UTF-8; "
+             "an encoding counts if it is declared within the first 1024 bytes"),
+            ("<?xml version='1.0' encoding='utf-8'?>\u00e9".encode("utf-16-le"),
+             "the declaration is written in UTF-16LE, but names the encoding 'utf-8'"),
         ]
         for content, hint in rows:
             with self.subTest(content):
@@ -398,6 +405,21 @@ class Writing(ToolTest):
                 self.expect(["convert", "--to", charset, "a.xml"], 4, stderr=
                             f"a.xml:{place}: error: {text}\n{line}\n{caret}\n"
                             "hint: UTF-8 has every character\n")
+
+    def test_a_character_that_a_namespace_name_refers_to_must_fit_too(self):
+        rows = [
+            ("&#xD800;", "utf-8", "UTF-8 lacks the character U+D800",
+             "a surrogate is not a character"),
+            ("&#x20AC;", "latin1", "ISO-8859-1 lacks the character U+20AC '\u20ac'",
+             "UTF-8 has every character"),
+        ]
+        for reference, charset, text, hint in rows:
+            with self.subTest(reference):
+                line = f"<a><b xmlns='{reference}'/></a>"
+                self.put("a.xml", line)
+                self.expect(["convert", "--ns", "--to", charset, "a.xml"], 4, stderr=
+                            f"a.xml:2:4: error: {text} of a namespace name\n{line}\n   ^\n"
+                            f"hint: {hint}\n")
 
 
 class Showing(ToolTest):
