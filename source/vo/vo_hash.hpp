@@ -43,6 +43,19 @@ inline const HashKeys &hashKeys() {
     return keys;
 }
 
+template <class Word> uint64_t loadWord(const char *at) {
+    Word word;
+    std::memcpy(&word, at, sizeof(word));
+    return word;
+}
+
+/// Up to 7 bytes, at least one, as a word that only these bytes give among as many.
+inline uint64_t shortWord(const char *at, size_t size) {
+    if (size >= 4) return loadWord<uint32_t>(at) | loadWord<uint32_t>(at + size - 4) << 32;
+    return loadWord<uint8_t>(at) | loadWord<uint8_t>(at + size / 2) << 8 |
+           loadWord<uint8_t>(at + size - 1) << 16;
+}
+
 /// Hashes `size` bytes. The bytes are the coefficients of a polynomial modulo a prime, evaluated at
 /// a random point: whoever does not know the point cannot find inputs that collide, because for any
 /// two inputs of n words at most 2n + 1 of the 2^61 points make them equal.
@@ -54,16 +67,10 @@ inline uint64_t hashBytes(const void *bytes, size_t size) {
         hash = HashKeys::reduce(Wide{hash} * keys.squared + Wide{word >> 32} * keys.point +
                                 (word & 0xFFFFFFFF));
     };
-    uint64_t word = 0;
-    for (; size >= sizeof(word); at += sizeof(word), size -= sizeof(word)) {
-        std::memcpy(&word, at, sizeof(word));
-        add(word);
-    }
-    if (size) {
-        word = 0;
-        std::memcpy(&word, at, size);
-        add(word);
-    }
+    const char *end = at + size;
+    for (; end - at >= 8; at += 8)
+        add(loadWord<uint64_t>(at));
+    if (at < end) add(size >= 8 ? loadWord<uint64_t>(end - 8) : shortWord(at, size));
     // Neighbouring inputs have neighbouring values until here; tables want them apart.
     hash = (hash ^ keys.scramble) * UINT64_C(0x9E3779B97F4A7C15);
     hash ^= hash >> 32;
