@@ -11,6 +11,7 @@
 #include "source/xml/base/xml_skip.hpp"
 #include "xml/xml_value.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -32,6 +33,10 @@ class Decoder {
         : at(text.begin), end(text.end), charset(textCharset), build(text),
           locator(optionalLocator) {
         if (optionalStart) xmlDocumentSetLocation(document.edit(), optionalStart);
+        // Small documents are done with this.
+        open.reserve(16);
+        pending.reserve(64);
+        attrs.reserve(16);
     }
 
     ~Decoder() {
@@ -74,9 +79,9 @@ class Decoder {
     [[nodiscard]] bool standalone() {
         voString *value = attributeValue("standalone");
         if (!value) return true;
-        const bool yes = voStringEquals(value, Ref(voStringCreateFromCstr("yes", -1)));
+        const bool yes = equals(value, "yes");
         xmlDocumentSetStandalone(document.edit(), yes);
-        return yes || voStringEquals(value, Ref(voStringCreateFromCstr("no", -1)));
+        return yes || equals(value, "no");
     }
 
     // content ::= CharData? ( markup CharData? )*
@@ -209,10 +214,14 @@ class Decoder {
 
     /// The escaped value of the attribute with that name in the list just read, or null.
     voString *attributeValue(Token name) {
-        Ref wanted(voStringCreateFromCstr(name.data(), int64_t(name.size())));
         for (XML_ATTRIBUTE *attr : attrs)
-            if (voStringEquals(attr->name, wanted)) return attr->text->value;
+            if (equals(attr->name, name)) return attr->text->value;
         return nullptr;
+    }
+
+    static bool equals(voString *string, Token token) {
+        return std::equal(string->items(), string->items() + string->length, token.begin(),
+                          token.end());
     }
 
     void dropAttributes() {
