@@ -3,6 +3,7 @@
 #include "source/vo/vo_live.hpp"
 
 #include <ctime>
+#include <pthread.h>
 
 namespace test {
 
@@ -39,6 +40,20 @@ double threadSeconds() {
     timespec used;
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
     return double(used.tv_sec) + double(used.tv_nsec) * 1e-9;
+}
+
+void onSmallStack(std::function<void()> work) {
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
+    pthread_t thread;
+    const auto run = [](void *argument) -> void * {
+        (*static_cast<std::function<void()> *>(argument))();
+        return nullptr;
+    };
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
 }
 
 std::string abortPattern(std::string_view file, std::string_view text) {

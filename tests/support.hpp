@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,9 @@ std::string bytes(voBuffer *buffer);
 /// Processor time that the calling thread has used, in seconds. Unlike the time of day it does not
 /// pass faster on a busy machine.
 double threadSeconds();
+
+/// Runs `work` on a thread with a stack of 256 KiB.
+void onSmallStack(std::function<void()> work);
 
 /// `file:line: text` for any line as a regular expression, for EXPECT_ABORT.
 std::string abortPattern(std::string_view file, std::string_view text);

@@ -1,7 +1,5 @@
 #include "tests/support.hpp"
 
-#include <pthread.h>
-
 using test::str;
 
 namespace {
@@ -33,21 +31,6 @@ Ref<voVector> nested(int depth, const char *leaf) {
         vector = std::move(outer);
     }
     return vector;
-}
-
-/// Runs `work` on a thread that has little stack.
-void withLittleStack(void (*work)()) {
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, 256 * 1024);
-    pthread_t thread;
-    auto run = [](void *function) -> void * {
-        reinterpret_cast<void (*)()>(function)();
-        return nullptr;
-    };
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, reinterpret_cast<void *>(work)), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
 }
 
 } // namespace
@@ -148,7 +131,7 @@ TEST(Vector, RefusesWhatIsOutside) {
 }
 
 TEST(Vector, NestsAsDeepAsMemoryGoes) {
-    withLittleStack([] {
+    test::onSmallStack([] {
         Ref a = nested(1'000'000, "a"), same = nested(1'000'000, "a"), b = nested(1'000'000, "b");
         EXPECT_TRUE(voVectorEquals(a, same));
         EXPECT_LT(voVectorCompare(a, b), 0);

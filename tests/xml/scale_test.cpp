@@ -2,8 +2,6 @@
 #include "tests/xml/codec.hpp"
 
 #include <algorithm>
-#include <ctime>
-#include <pthread.h>
 
 using test::decode;
 using test::str;
@@ -26,24 +24,9 @@ std::string repeated(std::string_view piece, int64_t count) {
     return all;
 }
 
-/// Runs `work` on a thread with a stack of 256 KiB.
-void onSmallStack(std::function<void()> work) {
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, 256 * 1024), 0);
-    pthread_t thread;
-    const auto run = [](void *argument) -> void * {
-        (*static_cast<std::function<void()> *>(argument))();
-        return nullptr;
-    };
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
-}
-
 TEST(Scale, a_million_levels_need_no_stack) {
     const int64_t depth = 1000000;
-    onSmallStack([&] {
+    test::onSmallStack([&] {
         const std::string text = repeated("<a>", depth - 1) + "<a/>" + repeated("</a>", depth - 1);
         auto decoded = decode(declaration + text, XML_FLAG_DECODE_LOCATION);
         ASSERT_TRUE(decoded.document) << decoded.error;
@@ -67,16 +50,11 @@ TEST(Scale, a_million_levels_need_no_stack) {
 /// The shortest of three runs in seconds of this thread's processor time, which other programs on
 /// the machine do not stretch.
 double secondsOf(const std::function<void()> &work) {
-    const auto now = [] {
-        timespec time;
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
-    };
     double best = 1e9;
     for (int run = 0; run < 3; ++run) {
-        const double begin = now();
+        const double begin = test::threadSeconds();
         work();
-        best = std::min(best, now() - begin);
+        best = std::min(best, test::threadSeconds() - begin);
     }
     return best;
 }

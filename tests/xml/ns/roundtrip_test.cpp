@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <pthread.h>
 #include <random>
 #include <set>
 #include <thread>
@@ -238,24 +237,10 @@ TEST(NsRoundTrip, DeclarationsStayOnTheirElements) {
     }
 }
 
-/// Runs on a stack of 256 KB, whatever that of the caller is.
-void onSmallStack(std::function<void()> body) {
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, 256 * 1024);
-    pthread_t thread;
-    const auto run = [](void *f) -> void * {
-        return (*static_cast<std::function<void()> *>(f))(), f;
-    };
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, &body), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
-}
-
 /// Decodes and encodes a document; returns the processor time that took.
 double secondsFor(const std::string &xml) {
     double seconds = 0;
-    onSmallStack([&] {
+    test::onSmallStack([&] {
         Ref document = plain(xml);
         const double start = test::threadSeconds();
         Ref result(xmlNsDocumentTryDecode(document));
