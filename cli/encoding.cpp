@@ -37,9 +37,7 @@ static int unitSize(voCharset charset) {
     }
 }
 
-bool Encoding::contradictsItself() const {
-    return hasDeclaration && unitSize(charset) != unitSize(readable);
-}
+bool Encoding::contradictsItself() const { return unitSize(charset) != unitSize(readable); }
 
 Encoding encodingOf(voBuffer *input) {
     constexpr std::array<voCharset, 5> candidates = {VO_CHARSET_UTF_8, VO_CHARSET_UTF_16BE,
@@ -55,11 +53,15 @@ Encoding encodingOf(voBuffer *input) {
         const size_t start = skipSpace(found, 0), end = start + opening.size();
         if (!beginsWith(found, start, opening)) continue;
         if (skipSpace(found, end) == end && !beginsWith(found, end, "?>")) continue;
-        std::string name = declaredIn(found, end);
+        const std::string name = declaredIn(found, end);
         const voCharset declared = voCharsetFromIanaName(makeString(name));
         const bool isKnown = VO_CHARSET_OK(declared);
-        const bool isWhole = contains(found, end, "?>");
-        return {true, std::move(name), isKnown, isWhole, isKnown ? declared : candidate, candidate};
+        return {.hasDeclaration = true,
+                .declared = name,
+                .isKnown = isKnown,
+                .isWhole = contains(found, end, "?>"),
+                .charset = isKnown ? declared : candidate,
+                .readable = candidate};
     }
     return {};
 }

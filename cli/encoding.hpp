@@ -20,8 +20,10 @@ struct Encoding {
     bool contradictsItself() const;
 };
 
-/// The start of an input, in which its declaration is looked for: at most `headLength` bytes.
+/// How many bytes of an input are looked at to find its declaration.
 constexpr int64_t headLength = 1024;
+
+/// The start of an input, in which its declaration is looked for.
 Ref<voBuffer> headOf(voBuffer *input);
 
 /// Finds the character set as the decoder does.

@@ -64,10 +64,12 @@ class NamespaceNames {
     voCharset charset;
 };
 
-static std::string hintFor(uint32_t ch) {
+static constexpr const char *universal = "UTF-8 has every character";
+
+static std::string hintAbout(uint32_t ch) {
     constexpr uint32_t firstSurrogate = 0xD800, lastSurrogate = 0xDFFF;
-    if (ch >= firstSurrogate && ch <= lastSurrogate) return "a surrogate is not a character";
-    return "UTF-8 has every character";
+    const bool isSurrogate = ch >= firstSurrogate && ch <= lastSurrogate;
+    return isSurrogate ? "a surrogate is not a character" : universal;
 }
 
 Misfit firstMisfit(const Source &source, voCharset charset) {
@@ -75,14 +77,14 @@ Misfit firstMisfit(const Source &source, voCharset charset) {
     const std::string lacks = charsetName(charset) + " lacks the ";
     const size_t index = indexOfMisfit(text, charset);
     if (index < text.size())
-        return {placeAt(text, index), lacks + describe(text[index]), hintFor(text[index])};
+        return {placeAt(text, index), lacks + describe(text[index]), hintAbout(text[index])};
     NamespaceNames names(charset);
     const Decoded decoded = decode(source.bytes, {.namespaces = true, .locations = true});
     if (decoded.nsDocument) walk<Namespaced>(Ref(xmlNsDocumentItems(decoded.nsDocument)), names);
     if (!names.found)
-        return {{}, lacks + "characters of the document as they follow each other", hintFor(0)};
+        return {{}, lacks + "characters of the document as they follow each other", universal};
     return {names.place, lacks + describe(*names.found) + " of a namespace name",
-            hintFor(*names.found)};
+            hintAbout(*names.found)};
 }
 
 } // namespace tool
