@@ -40,9 +40,9 @@ void onSmallStack(std::function<void()> work);
 /// `file:line: text` for any line as a regular expression, for EXPECT_ABORT.
 std::string abortPattern(std::string_view file, std::string_view text);
 
-/// How much longer ten times the input may take. It takes up to some thirty times when it no longer
-/// fits the caches of a busy machine, which is still far from a quadratic algorithm's hundred.
-inline constexpr double tenfold = 60;
+/// How much longer ten times the input may take: more than ten times when it no longer fits the
+/// caches, but far from a quadratic algorithm's hundred.
+inline constexpr double tenfold = 25;
 
 } // namespace test
 

@@ -295,7 +295,7 @@ TEST(NsNamespaceMap, GrowsInTimeInProportionToItsLength) {
         },
     };
     for (auto &way : ways)
-        EXPECT_LT(secondsFor(30000, way), test::tenfold * secondsFor(3000, way));
+        EXPECT_LT(secondsFor(50000, way), test::tenfold * secondsFor(5000, way));
 }
 
 TEST(NsNamespaceMapDeathTest, BrokenPreconditionsAbort) {
