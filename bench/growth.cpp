@@ -26,7 +26,7 @@ constexpr const char *phaseNames[] = {"decode", "encode", "ns decode", "ns encod
 
 struct Figures {
     std::array<double, phaseCount> seconds;
-    double megabytes; ///< The largest the process was, its input included.
+    double megabytes; ///< The peak size of the process, its input included.
 };
 
 double now() {
@@ -53,7 +53,9 @@ std::array<double, phaseCount> runOnce(voBuffer *text, XML_OPTIONS *options) {
     xmlNsDecodeResultRelease(nsResult);
     passed(nsDecodePhase);
     auto *back = xmlNsDocumentEncode(nsDocument);
+    auto *written = xmlDocumentTryEncode(back, options);
     passed(nsEncodePhase);
+    voBufferRelease(written);
     xmlDocumentRelease(back);
     xmlNsDocumentRelease(nsDocument);
     xmlDocumentRelease(document);
@@ -104,7 +106,7 @@ std::string repeated(std::string_view piece, int64_t count) {
     return all;
 }
 
-/// One piece for each number, joined.
+/// The pieces for the numbers from 0 to n - 1, joined.
 std::string counted(int64_t n, const std::function<std::string(const std::string &)> &piece) {
     std::string all;
     for (int64_t i = 0; i < n; ++i)

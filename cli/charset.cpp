@@ -14,7 +14,7 @@ static std::vector<std::string> aliasesOf(voCharset charset) {
     return names;
 }
 
-/// A name without case and punctuation, in which names are most often mistaken.
+/// A name in lower case and without punctuation: most misspellings differ in nothing else.
 static std::string folded(std::string_view name) {
     std::string out;
     for (char ch : name) {

@@ -2,7 +2,6 @@
 
 #include "charset.hpp"
 #include "files.hpp"
-#include "hint.hpp"
 #include "misfit.hpp"
 #include "stats.hpp"
 #include "tree.hpp"
@@ -38,17 +37,17 @@ template <class Handle> Status forEach(const Request &request, Handle handle) {
 }
 
 Status refuse(const Input &input, const Failure &failure) {
-    const Source source(input.bytes);
-    const std::string hint = hintFor(source, failure);
-    report({input.name, failure.place, failure.text, failure.code, hint}, source.text());
+    Ref text(xmlDocumentTryDecodeText(input.bytes));
+    report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
+           text ? chars(text) : Chars());
     return refused;
 }
 
 /// Reports a text that the character set of the output lacks characters for.
 Status refuseMisfit(const Input &input, XML_DOCUMENT *document) {
-    const Source source(input.bytes);
-    const Misfit misfit = firstMisfit(source, xmlDocumentCharset(document));
-    report({input.name, misfit.place, misfit.text, {}, misfit.hint}, source.text());
+    Ref text(xmlDocumentTryDecodeText(input.bytes));
+    const Misfit misfit = firstMisfit(input.bytes, chars(text), xmlDocumentCharset(document));
+    report({input.name, misfit.place, misfit.text, {}, misfit.hint}, chars(text));
     return charsetTooSmall;
 }
 
@@ -56,10 +55,12 @@ Status deliver(const Request &request, const Input &input, XML_DOCUMENT *documen
     Ref options = optionsWith(request.noDeclaration ? XML_FLAG_ENCODE_OMIT_XML_DECLARATION : 0);
     Ref encoded(xmlDocumentTryEncode(document, options));
     if (!encoded) return refuseMisfit(input, document);
-    const std::string_view bytes(reinterpret_cast<const char *>(voBufferBacking(encoded)),
-                                 static_cast<size_t>(voBufferLength(encoded)));
-    if (request.output.empty() || request.output == "-") return writeOut(bytes), fine;
-    const int error = replaceFile(request.output, bytes);
+    if (request.output.empty() || request.output == "-") {
+        writeOut({reinterpret_cast<const char *>(voBufferBacking(encoded)),
+                  static_cast<size_t>(voBufferLength(encoded))});
+        return fine;
+    }
+    const int error = voFileReplace(request.output.c_str(), encoded);
     if (error != 0) reportFile(request.output, "cannot be written", error);
     return error == 0 ? fine : fileTrouble;
 }

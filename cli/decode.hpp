@@ -26,6 +26,7 @@ struct Failure {
     std::string code; ///< The name of the error code.
     std::string text;
     std::optional<Place> place;
+    std::string hint; ///< Advice for the author of the input; may be empty, or quote the input.
 };
 
 struct DecodeWish {
@@ -40,8 +41,8 @@ struct Decoded {
     std::optional<Failure> failure;
 };
 
-/// Decodes without locations when they are not wished for, which is faster. A failure has its place
-/// all the same.
+/// Decodes, without locations unless they are wished for, which is faster. A failure has a place in
+/// either case.
 Decoded decode(voBuffer *input, DecodeWish wish);
 
 /// Options of the library with these flags.

@@ -13,8 +13,8 @@ struct Window {
     bool cutBefore, cutAfter;
 };
 
-/// What a character takes of the room for a line. A combining character counts as well, so that
-/// any number of them ends somewhere.
+/// The room that a character takes in a line. A combining character takes some as well, so that a
+/// line of nothing else is cut, too.
 int cost(uint32_t ch) {
     constexpr int tabStop = 8;
     return ch == '\t' ? tabStop : std::max(1, shownWidth(ch));

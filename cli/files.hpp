@@ -1,4 +1,4 @@
-// Whole files in, whole files out. Failures are errno values, success is 0.
+// Files and streams. Failures are errno values, success is 0.
 #pragma once
 
 #include "ref.hpp"
@@ -17,10 +17,5 @@ void prepareStreams();
 
 /// Writes everything.
 [[nodiscard]] int writeAll(int descriptor, std::string_view bytes);
-
-/// Puts a new file with these contents in the place of the one at `path`, or leaves that as it is.
-/// A file that exists keeps its permissions, a symbolic link keeps pointing. Anything that is not a
-/// regular file, such as a device, is written to directly.
-[[nodiscard]] int replaceFile(const std::string &path, std::string_view contents);
 
 } // namespace tool

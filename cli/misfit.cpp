@@ -1,7 +1,7 @@
 #include "misfit.hpp"
 
 #include "charset.hpp"
-#include "walk.hpp"
+#include "cursor.hpp"
 
 #include <unordered_set>
 
@@ -33,36 +33,32 @@ static std::string describe(uint32_t ch) {
     return isPrintable(ch) ? name + " '" + utf8(Chars(&ch, 1)) + "'" : name;
 }
 
-/// Looks for a misfit among the namespace names, in which references give way to what they stand
-/// for.
-class NamespaceNames {
-  public:
-    explicit NamespaceNames(voCharset wantedCharset) : charset(wantedCharset) {}
-
-    template <class Node> void node(const Ref<Node> &node, size_t) {
-        if constexpr (std::is_same_v<Node, XML_NS_ELEMENT>) search(node);
-    }
-
-    std::optional<uint32_t> found;
+/// A misfit in a namespace name, in which references give way to what they stand for.
+struct NameMisfit {
+    uint32_t ch;
     std::optional<Place> place; ///< Of the element that declares the name.
-
-  private:
-    void search(XML_NS_ELEMENT *element) {
-        Ref declared(xmlNsElementNamespaceMap(element));
-        const int64_t length = declared && !found ? xmlNsNamespaceMapLength(declared) : 0;
-        for (int64_t i = 0; i < length && !found; ++i) {
-            Ref mapping(xmlNsNamespaceMapMappingAt(declared, i));
-            Ref name(xmlNsNamespaceMappingNamespace(mapping));
-            const Chars text = name ? chars(name) : Chars();
-            const size_t index = indexOfMisfit(text, charset);
-            if (index == text.size()) continue;
-            found = text[index];
-            place = placeOf(Ref(xmlNsElementLocation(element)));
-        }
-    }
-
-    voCharset charset;
 };
+
+/// The first in a document whose namespaces are right.
+static std::optional<NameMisfit> findNameMisfit(XML_DOCUMENT *document, voCharset charset) {
+    Ref cursor(xmlCursorCreate(document));
+    std::optional<uint32_t> found;
+    std::optional<NameMisfit> first;
+    const auto searchName = [&] {
+        if (found) return;
+        Ref text(xmlTextCreateValue(makeString(view(xmlCursorValue(cursor)))));
+        Ref name(xmlTextTryUnescape(text));
+        const size_t index = indexOfMisfit(chars(name), charset);
+        if (index < chars(name).size()) found = chars(name)[index];
+    };
+    const auto search = [&](size_t) {
+        if (first) return;
+        visitDeclarations(searchName, cursor);
+        if (found) first = {*found, placeOf(cursor)};
+    };
+    walk(search, cursor);
+    return first;
+}
 
 static constexpr const char *universal = "UTF-8 has every character";
 
@@ -72,19 +68,17 @@ static std::string hintAbout(uint32_t ch) {
     return isSurrogate ? "a surrogate is not a character" : universal;
 }
 
-Misfit firstMisfit(const Source &source, voCharset charset) {
-    const Chars text = source.text();
+Misfit firstMisfit(voBuffer *input, Chars text, voCharset charset) {
     const std::string lacks = charsetName(charset) + " lacks the ";
     const size_t index = indexOfMisfit(text, charset);
     if (index < text.size())
         return {placeAt(text, index), lacks + describe(text[index]), hintAbout(text[index])};
-    NamespaceNames names(charset);
-    const Decoded decoded = decode(source.bytes, {.namespaces = true, .locations = true});
-    if (decoded.nsDocument) walk<Namespaced>(Ref(xmlNsDocumentItems(decoded.nsDocument)), names);
-    if (!names.found)
+    const Decoded decoded = decode(input, {.namespaces = true, .locations = true});
+    std::optional<NameMisfit> name;
+    if (decoded.nsDocument) name = findNameMisfit(decoded.document, charset);
+    if (!name)
         return {{}, lacks + "characters of the document as they follow each other", universal};
-    return {names.place, lacks + describe(*names.found) + " of a namespace name",
-            hintAbout(*names.found)};
+    return {name->place, lacks + describe(name->ch) + " of a namespace name", hintAbout(name->ch)};
 }
 
 } // namespace tool

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "decode.hpp"
-#include "encoding.hpp"
+#include "text.hpp"
 
 namespace tool {
 
@@ -13,7 +13,7 @@ struct Misfit {
     std::string hint;
 };
 
-/// `source` is an input whose document does not fit into `charset`.
-Misfit firstMisfit(const Source &source, voCharset charset);
+/// `text` is that of an input whose document does not fit into `charset`.
+Misfit firstMisfit(voBuffer *input, Chars text, voCharset charset);
 
 } // namespace tool

@@ -6,7 +6,7 @@
 
 namespace tool {
 
-/// Exit status. Of several, the largest counts.
+/// Exit status; with several inputs the largest one.
 enum Status { fine = 0, refused = 1, wrongUsage = 2, fileTrouble = 3, charsetTooSmall = 4 };
 
 /// Ends a command before its time; what went wrong has been reported.

@@ -1,7 +1,6 @@
 #include "stats.hpp"
 
-#include "text.hpp"
-#include "walk.hpp"
+#include "cursor.hpp"
 
 #include <algorithm>
 #include <iomanip>
@@ -9,36 +8,36 @@
 #include <utility>
 
 namespace tool {
-namespace {
 
-/// Length of a string that it releases.
-int64_t lengthOf(voString *taken) { return voStringLength(Ref(taken)); }
-
-struct Counter {
-    Stats &stats;
-
-    void node(XML_ELEMENT *element, size_t depth) {
-        ++stats.elements;
-        stats.attributes += xmlElementAttributesLength(element);
-        stats.depth = std::max(stats.depth, static_cast<int64_t>(depth));
-    }
-    void node(XML_TEXT *text, size_t) {
-        ++stats.texts;
-        stats.textChars += lengthOf(xmlTextValue(text));
-    }
-    void node(XML_CDATA *cdata, size_t) {
-        ++stats.cdatas;
-        stats.cdataChars += lengthOf(xmlCdataValue(cdata));
-    }
-    void node(XML_COMMENT *, size_t) { ++stats.comments; }
-    void node(XML_PROCESSING_INSTRUCTION *, size_t) { ++stats.instructions; }
-};
-
-} // namespace
+/// Characters of UTF-8: the bytes that do not continue another.
+static int64_t charsIn(XML_UTF8 text) {
+    return std::ranges::count_if(view(text), [](char byte) { return (byte & 0xC0) != 0x80; });
+}
 
 void Stats::count(XML_DOCUMENT *document) {
-    Counter counter{*this};
-    walk<Plain>(Ref(xmlDocumentItems(document)), counter);
+    Ref cursor(xmlCursorCreate(document));
+    const auto countOne = [&](size_t itsDepth) {
+        switch (xmlCursorType(cursor)) {
+        case XML_ITEM_TYPE_ELEMENT:
+            ++elements;
+            depth = std::max(depth, static_cast<int64_t>(itsDepth));
+            return visitAttributes([&] { ++attributes; }, cursor);
+        case XML_ITEM_TYPE_TEXT:
+            ++texts;
+            textChars += charsIn(xmlCursorValue(cursor));
+            return;
+        case XML_ITEM_TYPE_CDATA:
+            ++cdatas;
+            cdataChars += charsIn(xmlCursorValue(cursor));
+            return;
+        case XML_ITEM_TYPE_COMMENT:
+            ++comments;
+            return;
+        default:
+            ++instructions;
+        }
+    };
+    walk(countOne, cursor);
 }
 
 void Stats::add(const Stats &other) {

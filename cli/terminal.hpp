@@ -1,4 +1,4 @@
-// What is known of the terminal, if there is one.
+// The width and the colours of the terminal, if there is one.
 #pragma once
 
 #include <string>

@@ -102,8 +102,6 @@ int shownWidth(uint32_t ch) {
     return static_cast<int>(escape(ch).size());
 }
 
-bool isSpace(uint32_t ch) { return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r'; }
-
 bool isNewline(uint32_t ch) {
     return (ch >= '\n' && ch <= '\r') || ch == 0x85 || ch == 0x2028 || ch == 0x2029;
 }

@@ -40,8 +40,7 @@ std::string shown(std::string_view bytes);
 /// The terminal columns of a character as shown; 0 for a combining character.
 int shownWidth(uint32_t ch);
 
-/// Whether the character is white space of XML; whether it ends a line.
-bool isSpace(uint32_t ch);
+/// Whether the character ends a line.
 bool isNewline(uint32_t ch);
 
 } // namespace tool

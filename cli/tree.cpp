@@ -1,9 +1,10 @@
 #include "tree.hpp"
 
 #include "charset.hpp"
+#include "cursor.hpp"
 #include "report.hpp"
 #include "terminal.hpp"
-#include "walk.hpp"
+#include "text.hpp"
 
 #include <algorithm>
 
@@ -12,25 +13,23 @@
 namespace tool {
 namespace {
 
-std::string shownString(voString *taken) {
-    Ref string(taken);
-    return shown(chars(string));
+std::string nameOf(XML_CURSOR *cursor) {
+    const XML_UTF8 ns = xmlCursorNamespace(cursor);
+    const std::string space = ns.bytes ? "{" + shown(view(ns)) + "}" : "";
+    return space + shown(view(xmlCursorName(cursor)));
 }
 
-std::string nameOf(XML_ELEMENT *element) { return shownString(xmlElementName(element)); }
-std::string nameOf(XML_ATTRIBUTE *attr) { return shownString(xmlAttributeName(attr)); }
-
-std::string expandedName(voString *optionalNs, voString *localName) {
-    const std::string space = optionalNs ? "{" + shownString(optionalNs) + "}" : "";
-    return space + shownString(localName);
-}
-
-std::string nameOf(XML_NS_ELEMENT *element) {
-    return expandedName(xmlNsElementNamespace(element), xmlNsElementLocalName(element));
-}
-
-std::string nameOf(XML_NS_ATTRIBUTE *attr) {
-    return expandedName(xmlNsAttributeNamespace(attr), xmlNsAttributeLocalName(attr));
+const char *kindOf(XML_ITEM_TYPE type) {
+    switch (type) {
+    case XML_ITEM_TYPE_PROCESSING_INSTRUCTION:
+        return "instruction";
+    case XML_ITEM_TYPE_COMMENT:
+        return "comment";
+    case XML_ITEM_TYPE_TEXT:
+        return "text";
+    default:
+        return "cdata";
+    }
 }
 
 /// Prints nodes as they are visited.
@@ -38,28 +37,27 @@ class Printer {
   public:
     explicit Printer(bool locations) : showLocations(locations), painter(STDOUT_FILENO) {}
 
-    void heading(voString *version, voCharset charset, int standalone) {
-        const std::string detail = shownString(version) + " " + charsetName(charset);
-        line(0, "document", detail + (standalone ? " standalone" : ""), nullptr);
+    void heading(XML_DOCUMENT *document) {
+        const std::string version = shown(take(xmlDocumentVersion(document)));
+        const std::string detail = version + " " + charsetName(xmlDocumentCharset(document));
+        line(0, "document", detail + (xmlDocumentStandalone(document) ? " standalone" : ""), {});
     }
 
-    void node(XML_PROCESSING_INSTRUCTION *pi, size_t depth) {
-        value(depth, "instruction", xmlProcessingInstructionValue(pi),
-              xmlProcessingInstructionLocation(pi));
+    void item(XML_CURSOR *cursor, size_t depth) {
+        const XML_ITEM_TYPE type = xmlCursorType(cursor);
+        if (type == XML_ITEM_TYPE_ELEMENT)
+            element(cursor, depth);
+        else
+            line(depth, kindOf(type), quoted(xmlCursorValue(cursor)), placeOf(cursor));
     }
-    void node(XML_COMMENT *comment, size_t depth) {
-        value(depth, "comment", xmlCommentValue(comment), xmlCommentLocation(comment));
-    }
-    void node(XML_TEXT *text, size_t depth) {
-        value(depth, "text", xmlTextValue(text), xmlTextLocation(text));
-    }
-    void node(XML_CDATA *cdata, size_t depth) {
-        value(depth, "cdata", xmlCdataValue(cdata), xmlCdataLocation(cdata));
-    }
-    void node(XML_ELEMENT *element, size_t depth) { elementNode<Plain>(element, depth); }
-    void node(XML_NS_ELEMENT *element, size_t depth) {
-        elementNode<Namespaced>(element, depth);
-        if (Ref map(xmlNsElementNamespaceMap(element)); map) declarations(map, depth + 1);
+
+    /// Those of the element that a cursor of the plain tree stands on.
+    void declarations(XML_CURSOR *plain, size_t depth) {
+        const auto print = [&] {
+            const std::string text = quoted(xmlCursorValueTryUnescape(plain));
+            line(depth, "declaration", nameOf(plain) + "=" + text, {});
+        };
+        visitDeclarations(print, plain);
     }
 
     void flush() {
@@ -68,32 +66,17 @@ class Printer {
     }
 
   private:
-    template <class Layer> void elementNode(typename Layer::Element *element, size_t depth) {
-        line(depth, "element", painter.bold(nameOf(element)), Layer::elementLocation(element));
-        for (int64_t i = 0; i < Layer::attributesLength(element); ++i) {
-            Ref attr(Layer::attributeAt(element, i));
-            const std::string text = quoted(Layer::attributeValue(attr));
-            line(depth + 1, "attribute", nameOf(attr) + "=" + text, Layer::attributeLocation(attr));
-        }
+    void element(XML_CURSOR *cursor, size_t depth) {
+        line(depth, "element", painter.bold(nameOf(cursor)), placeOf(cursor));
+        const auto print = [&] {
+            const std::string text = quoted(xmlCursorValue(cursor));
+            line(depth + 1, "attribute", nameOf(cursor) + "=" + text, placeOf(cursor));
+        };
+        visitAttributes(print, cursor);
     }
 
-    void declarations(XML_NS_NAMESPACE_MAP *map, size_t depth) {
-        for (int64_t i = 0; i < xmlNsNamespaceMapLength(map); ++i) {
-            Ref mapping(xmlNsNamespaceMapMappingAt(map, i));
-            Ref prefix(xmlNsNamespaceMappingPrefix(mapping));
-            Ref ns(xmlNsNamespaceMappingNamespace(mapping));
-            const std::string name = prefix ? "xmlns:" + shown(chars(prefix)) : "xmlns";
-            const std::string text = ns ? shown(chars(ns)) : "";
-            line(depth, "declaration", name + "=" + painter.green("\"" + text + "\""), nullptr);
-        }
-    }
-
-    void value(size_t depth, std::string_view kind, voString *taken, voParserLocation *location) {
-        line(depth, kind, quoted(taken), location);
-    }
-
-    std::string quoted(voString *taken) const {
-        return painter.green("\"" + shownString(taken) + "\"");
+    std::string quoted(XML_UTF8 text) const {
+        return painter.green("\"" + shown(view(text)) + "\"");
     }
 
     /// Below a certain depth the lines tell theirs instead of being indented further, since
@@ -105,12 +88,11 @@ class Printer {
     }
 
     void line(size_t depth, std::string_view kind, const std::string &detail,
-              voParserLocation *taken) {
+              std::optional<Place> place) {
         constexpr size_t enough = 1 << 16;
-        Ref location(taken);
         indent(depth);
         pending += painter.cyan(kind) + " " + detail;
-        if (const auto place = placeOf(location); place && showLocations)
+        if (place && showLocations)
             pending += painter.dim("  " + std::to_string(place->line) + ":" +
                                    std::to_string(place->column));
         pending += '\n';
@@ -126,13 +108,18 @@ class Printer {
 
 void printTree(const Decoded &decoded, TreeWish wish) {
     Printer printer(wish.locations);
-    XML_DOCUMENT *document = decoded.document;
-    printer.heading(xmlDocumentVersion(document), xmlDocumentCharset(document),
-                    xmlDocumentStandalone(document));
-    if (wish.namespaces)
-        walk<Namespaced>(Ref(xmlNsDocumentItems(decoded.nsDocument)), printer);
-    else
-        walk<Plain>(Ref(xmlDocumentItems(document)), printer);
+    printer.heading(decoded.document);
+    Ref plain(xmlCursorCreate(decoded.document));
+    if (wish.namespaces) {
+        Ref cursor(xmlCursorCreateNs(decoded.nsDocument));
+        const auto print = [&](size_t depth) {
+            printer.item(cursor, depth);
+            printer.declarations(plain, depth + 1);
+        };
+        walk(print, cursor, plain);
+    } else {
+        walk([&](size_t depth) { printer.item(plain, depth); }, plain);
+    }
     printer.flush();
 }
 

@@ -25,7 +25,7 @@ class CommandLine {
   public:
     CommandLine() {
         app.require_subcommand(1);
-        app.set_version_flag("--version", "voxml " VOXML_VERSION, "Print the version and exit");
+        app.set_version_flag("--version", "voxml " TOOL_VERSION, "Print the version and exit");
         app.get_formatter()->label("OPTIONS", "OPTION...");
         app.get_formatter()->label("SUBCOMMAND", "COMMAND");
         app.get_formatter()->column_width(28);
@@ -48,7 +48,7 @@ class CommandLine {
   private:
     using Command = Status (*)(const Request &);
 
-    /// The parser takes [a,b] for a list of two; no name of a file is meant so.
+    /// Keeps the parser from reading a file name such as [a,b] as a list of two names.
     static void protect(std::string &argument) {
         if (argument.starts_with('[') && argument.ends_with(']')) argument.insert(0, "./");
     }

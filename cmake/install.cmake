@@ -1,23 +1,33 @@
-# Installs headers, libraries, the tool, the CMake package `voxml` and the pkg-config files.
+# Installs the components `runtime` (the shared libraries), `tool`, and `devel`: headers, static
+# libraries, the CMake package `voxml`, the pkg-config files and the examples.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/voxml)
 set(include_dir ${CMAKE_INSTALL_INCLUDEDIR}/voxml-${PROJECT_VERSION_MAJOR})
 
-# The libraries find each other, and the tool the libraries, wherever the prefix is moved to.
-set_target_properties(vo voxml PROPERTIES INSTALL_RPATH "$ORIGIN")
-install(TARGETS vo voxml EXPORT voxml)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${include_dir})
+# libvoxml finds libvo, and the tool the libraries, wherever the prefix is moved to. Packages for a
+# system, which need no such path, set CMAKE_SKIP_INSTALL_RPATH.
+set_target_properties(voxml PROPERTIES INSTALL_RPATH "$ORIGIN")
+install(TARGETS vo voxml EXPORT voxml
+  LIBRARY COMPONENT runtime NAMELINK_COMPONENT devel
+  ARCHIVE COMPONENT devel)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${include_dir} COMPONENT devel)
 if(TARGET voxml_tool)
   file(RELATIVE_PATH lib_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
   set_target_properties(voxml_tool PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
-  install(TARGETS voxml_tool)
+  install(TARGETS voxml_tool COMPONENT tool)
 endif()
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR}
+  COMPONENT runtime)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
+  COMPONENT devel PATTERN CMakeLists.txt EXCLUDE)
 
-install(EXPORT voxml FILE voxml-config.cmake NAMESPACE voxml:: DESTINATION ${package_dir})
+install(EXPORT voxml FILE voxml-config.cmake NAMESPACE voxml:: DESTINATION ${package_dir}
+  COMPONENT devel)
 write_basic_package_version_file(voxml-config-version.cmake COMPATIBILITY SameMajorVersion)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/voxml-config-version.cmake DESTINATION ${package_dir})
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/voxml-config-version.cmake DESTINATION ${package_dir}
+  COMPONENT devel)
 
 # pkg-config files. A static library leaves its need of the C++ library to whoever links it.
 file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
@@ -28,7 +38,12 @@ function(voxml_pkgconfig name description requires)
   endif()
   configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${name}.pc @ONLY)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT devel)
 endfunction()
 voxml_pkgconfig(vo "Base runtime of voxml: counted objects, strings, containers, charsets" "")
 voxml_pkgconfig(voxml "${PROJECT_DESCRIPTION}" "vo = ${PROJECT_VERSION}")
+
+if(PROJECT_IS_TOP_LEVEL)
+  add_custom_target(uninstall COMMENT "Removing what was installed last"
+    COMMAND ${CMAKE_COMMAND} -P ${PROJECT_SOURCE_DIR}/cmake/uninstall.cmake)
+endif()

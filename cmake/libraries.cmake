@@ -34,6 +34,9 @@ function(voxml_library name namespace)
       -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map
       -Wl,-z,defs -Wl,-Bsymbolic-functions)
     set_target_properties(${name} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+  else()
+    # A program that is linked as C needs the C++ library too.
+    target_link_libraries(${name} INTERFACE $<$<NOT:$<LINK_LANGUAGE:CXX>>:stdc++>)
   endif()
 
   add_library(${name}_internal STATIC EXCLUDE_FROM_ALL $<TARGET_OBJECTS:${name}_objects>)

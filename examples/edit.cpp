@@ -1,23 +1,19 @@
-// Changes a document copy-on-write: the decoded one stays as it is.
-#include "ref.hpp"
+// Decodes a menu, changes a copy of it and writes both: the decoded one stays as it was.
+#include <iostream>
+#include <voxml.hpp>
 
 int main() {
-    Session session;
-    Ref options(xmlOptionsCreate());
-    Ref result(xmlDocumentDecode(bytes("<?xml version='1.0'?><menu><dish name='Soup'/></menu>"),
-                                 options, nullptr));
-    Ref doc(xmlDecodeResultDocument(result));
-    if (!doc) return 1;
+    using voxml::attr, voxml::element;
+    auto menu = voxml::document::decode("<?xml version='1.0'?><menu><dish name='Soup'/></menu>");
+    if (!menu) return std::cerr << menu.error().to_string() << '\n', 1;
 
-    Ref items(xmlDocumentItems(doc));
-    Ref menu(xmlItemsItemElementAt(items, 0));
-    Ref dish(xmlElementCreate(str("dish")));
-    xmlElementSetAttributeNameTextEscape(&dish, str("name"), str("Bread & butter"));
-    xmlElementAppendItemElement(&menu, dish);
-    xmlItemsSetItemElementAt(&items, 0, menu);
-    Ref changed(xmlDocumentRetain(doc));
-    xmlDocumentSetItems(&changed, items);
-
-    print(Ref(xmlDocumentTryEncode(doc, options)));     // <menu><dish name="Soup"/></menu>
-    print(Ref(xmlDocumentTryEncode(changed, options))); // ... <dish name="Bread &amp; butter"/>
+    auto changed = *menu;
+    changed.edit_root([](element &root) {
+        root.edit_child("dish", [](element &soup) { soup.set_attribute("price", "5").value(); });
+        root.append(element::make("dish", attr{"name", "Bread & butter"}, "with salt")).value();
+    });
+    for (const element &dish : changed.root()->elements("dish"))
+        std::cout << dish.attribute("name").value() << '\n'; // Soup, then Bread & butter
+    std::cout << menu->encode()->view() << '\n'              // <menu><dish name="Soup"/></menu>
+              << changed.encode()->view() << '\n'; // ... <dish name="Bread &amp; butter">with salt
 }

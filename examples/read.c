@@ -3,6 +3,7 @@
 #include "xml/xml.h"
 
 #include <stdio.h>
+#include <string.h>
 
 /* Prints a string and gives up the reference to it. */
 static void print(voString *string) {
@@ -13,45 +14,41 @@ static void print(voString *string) {
 }
 
 static void printRoot(XML_DOCUMENT *doc) {
-    voString *name = voStringCreateFromCstr("name", -1);
-    XML_ITEMS *items = xmlDocumentItems(doc);
-    XML_ELEMENT *root = NULL; /* comments and line ends may stand before it */
-    for (int64_t i = 0; !root && i < xmlItemsLength(items); i++)
-        root = xmlItemsItemElementAt(items, i);
-    if (root) {
-        print(xmlElementName(root));
-        if (xmlElementHasAttribute(root, name)) print(xmlElementAttributeTextValue(root, name));
-        xmlElementRelease(root);
-    }
-    xmlItemsRelease(items);
-    voStringRelease(name);
+    XML_ELEMENT *root = xmlDocumentRoot(doc);
+    if (!root) return;
+    print(xmlElementName(root));
+    char *name = xmlElementAttributeTryUtf8(root, "name", NULL);
+    if (name) puts(name);
+    voMemFree(name);
+    xmlElementRelease(root);
 }
 
-int main(int argc, char **argv) {
-    static char bytes[1 << 20];
-    if (argc < 2 || !freopen(argv[1], "rb", stdin)) return 2;
-    int64_t count = (int64_t)fread(bytes, 1, sizeof bytes, stdin);
-    if (count == (int64_t)sizeof bytes) return 2; /* too large for this example */
+static void printError(XML_DECODE_ERROR *error) {
+    voMessage *message = xmlDecodeErrorToMessage(error);
+    print(voMessageToString(message)); /* a.xml:12:3: error: mismatched opening/closing XML tags */
+    voMessageRelease(message);
+    xmlDecodeErrorRelease(error);
+}
 
-    voModuleStartup(xmlModule());
-    voBuffer *xml = voBufferCreateFromBytesCopy(bytes, count);
-    XML_OPTIONS *options = xmlOptionsCreate();
-    xmlOptionsSetFlags(&options, XML_FLAG_DECODE_LOCATION);
-    XML_DECODE_RESULT *result = xmlDocumentDecode(xml, options, NULL);
+static int run(const char *path) {
+    int error;
+    XML_DECODE_RESULT *result = xmlDocumentTryDecodeFile(path, NULL, &error);
+    if (!result) return fprintf(stderr, "%s: %s\n", path, strerror(error)), 1;
     XML_DOCUMENT *doc = xmlDecodeResultDocument(result);
     if (doc) {
         printRoot(doc);
         xmlDocumentRelease(doc);
     } else {
-        XML_DECODE_ERROR *error = xmlDecodeResultError(result);
-        voMessage *message = xmlDecodeErrorToMessage(error);
-        print(voMessageToString(message)); /* 12:3: error: mismatched opening/closing XML tags */
-        voMessageRelease(message);
-        xmlDecodeErrorRelease(error);
+        printError(xmlDecodeResultError(result));
     }
     xmlDecodeResultRelease(result);
-    xmlOptionsRelease(options);
-    voBufferRelease(xml);
-    voModuleShutdown(xmlModule());
     return !doc;
+}
+
+int main(int argc, char **argv) {
+    if (argc < 2) return 2;
+    voModuleStartup(xmlModule());
+    int status = run(argv[1]);
+    voModuleShutdown(xmlModule());
+    return status;
 }

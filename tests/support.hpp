@@ -12,6 +12,15 @@
 
 using vo::Ref;
 
+/// 1 where a sanitizer watches memory or threads, so that time and memory mean little; else 0.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define TEST_SANITIZED 1
+#elif defined(__has_feature)
+#define TEST_SANITIZED (__has_feature(address_sanitizer) || __has_feature(thread_sanitizer))
+#else
+#define TEST_SANITIZED 0
+#endif
+
 namespace test {
 
 /// A string of the code points that `utf8` encodes.

@@ -7,6 +7,7 @@
 #include "vo/vo_charset.h"
 #include "vo/vo_dict.h"
 #include "vo/vo_enum.h"
+#include "vo/vo_file.h"
 #include "vo/vo_flagset.h"
 #include "vo/vo_format.h"
 #include "vo/vo_location.h"

@@ -31,9 +31,12 @@ VO_NEW voBuffer *voBufferCreateFromBytesCopy(const void *bytes, int64_t count);
 /** The bytes, not terminated. Valid while the caller holds the buffer and nobody changes it through
  *  that reference. */
 VO_API const uint8_t *voBufferBacking(voBuffer *buffer);
+
+/** The number of bytes. */
 VO_API int64_t voBufferLength(voBuffer *buffer);
 
-/** Keeps the `count` bytes from `offset`, all of which must be there, and drops the rest. */
+/** Removes the bytes outside a range: what is left are the `count` bytes from `offset` (from 0) on.
+ *  A range that does not lie inside the buffer aborts. */
 VO_API void voBufferDelOuter(voBuffer **buffer, int64_t offset, int64_t count);
 
 VO_END_DECLS

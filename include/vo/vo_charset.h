@@ -14,12 +14,10 @@
 #ifndef VO_VO_CHARSET_H
 #define VO_VO_CHARSET_H
 
-#include "vo/vo_object.h"
+#include "vo/vo_buffer.h"
+#include "vo/vo_vector.h"
 
 VO_BEGIN_DECLS
-
-typedef struct voBuffer voBuffer; /**< See vo_buffer.h. */
-typedef struct voVector voVector; /**< See vo_vector.h. */
 
 /** A character set: one of the constants below, or -1 for none. */
 typedef int64_t voCharset;
@@ -128,6 +126,13 @@ VO_NEW voBuffer *voCharsetTryConvertBufferToUtf8WithFlags(voCharset charset, voB
  *  ill-formed. A text that needs no change comes back as the same buffer. */
 VO_NEW voBuffer *voCharsetTryConvertUtf8ToBufferWithFlags(voCharset charset, voBuffer *utf8,
                                                           voCharsetFlags flags);
+
+/** Whether `count` bytes are well-formed UTF-8. Internal to the product's libraries. */
+VO_API int vo___Utf8IsValid(const uint8_t *bytes, int64_t count);
+
+/** As voCharsetTryConvertUtf8ToBufferWithFlags() for a text that is known to be well-formed.
+ *  Internal to the product's libraries. */
+VO_NEW voBuffer *vo___Utf8TryEncode(voCharset charset, voBuffer *utf8, voCharsetFlags flags);
 /** @} */
 
 /** @name Flag words as text

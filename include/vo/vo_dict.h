@@ -36,6 +36,8 @@ VO_API void voDictSetStringKey(voDict **dict, voString *key, voObj *value);
 
 /** The value under `key`, or null. */
 VO_NEW voObj *voDictStringKey(voDict *dict, voString *key);
+
+/** 1 when there is a value under `key`. */
 VO_API int voDictHasStringKey(voDict *dict, voString *key);
 
 /** The number of entries. */

@@ -33,6 +33,7 @@ VO_NEW voFlagset *voFlagsetCreateFrom(voFlagset *source);
 /** A new empty flag set. */
 VO_NEW voFlagset *voFlagsetCreate(void);
 
+/** 1 when the set knows the name, which is written exactly like this. */
 VO_API int voFlagsetHasFlagCstr(voFlagset *flagset, const char *name, int64_t length);
 
 /** Names a bit; `bit` is a word with that bit alone. A known name gets the new bit. */

@@ -31,8 +31,11 @@ VO_NEW voParserLocation *voParserLocationCreate(voString *optionalSource, int64_
 
 /** The name of the text, or null. */
 VO_NEW voString *voParserLocationSource(voParserLocation *location);
+/** Code points in front of the place. */
 VO_API int64_t voParserLocationOffset(voParserLocation *location);
+/** The line, from 1. */
 VO_API int64_t voParserLocationLine(voParserLocation *location);
+/** Code points between the beginning of the line and the place, plus 1. */
 VO_API int64_t voParserLocationColumn(voParserLocation *location);
 
 /** A table of the lines of one text. It does not keep the text. */

@@ -37,9 +37,11 @@ VO_NEW voMessage *voMessageCreateFrom(voMessage *source);
 VO_NEW voMessage *voMessageCreateFormatCstr(int64_t kind, voParserLocation *optionalLocation,
                                             const char *format, int64_t length, ...);
 
+/** The kind, as it was given. */
 VO_API int64_t voMessageKind(voMessage *message);
 /** The place, or null. */
 VO_NEW voParserLocation *voMessageLocation(voMessage *message);
+/** The text alone, without the kind and the place. */
 VO_NEW voString *voMessageText(voMessage *message);
 
 VO_END_DECLS

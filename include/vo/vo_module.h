@@ -10,15 +10,20 @@ VO_BEGIN_DECLS
 /** A module, which its library offers. Static, never released. */
 typedef struct voModule voModule;
 
-/** Makes a module usable, for this user too: every user starts the module before using it and
- *  shuts it down after. The first one has it set up its shared state, and the others wait until it
- *  is. Gives 1, or 0 when the module could not start; it then has not gained a user. May be called
- *  from any thread, and by a module that is starting for another one. */
+/** Adds a user to a module. Every user calls this before using the module and voModuleShutdown()
+ *  afterwards. The call for the first user sets up the module's shared state; calls from other
+ *  threads wait until that is done. Gives 1; or 0, without adding a user, when the module's own
+ *  start-up gives 0, which that of xmlModule() never does. May be called from any thread, and by
+ *  the start-up of one module for another module. */
 VO_API int voModuleStartup(voModule *module);
 
-/** Ends one use of a started module. The last one has it drop its shared state, after which it can
- *  be started again. */
+/** Removes a user from a module; it aborts when the module has none. The call for the last user
+ *  releases the module's shared state, after which the module can be started again. */
 VO_API void voModuleShutdown(voModule *module);
+
+/** A hash of the memory layouts that the product's libraries share. Internal to them: two libraries
+ *  for which it differs are of different builds and must not be used together. */
+VO_API uint64_t vo___Layout(void);
 
 VO_END_DECLS
 

@@ -13,8 +13,10 @@
  *  - A function that changes a value takes the address of the caller's reference, because the
  *    reference may come to designate a private or a moved object.
  *  - Only a parameter called `optional...` may be null.
- *  - A broken precondition is a mistake in the calling program: it ends the process through
- *    vo___Abort() with the condition that failed. Bad input data never does.
+ *  - A broken precondition, such as a null argument, is a mistake in the calling program: it ends
+ *    the process through vo___Abort() with the condition that failed. The condition may be one of
+ *    a function that is called in turn. Only xmlNsNamespaceMappingIsDefault() makes no check. Bad
+ *    input data never ends the process.
  *
  *  Every type T has these common operations, written out in its header and described only here:
  *
@@ -72,9 +74,9 @@ VO_API void voObjRelease(voObj *obj);
 VO_API voSort *voObjSort(voObj *obj);
 
 /** Orders two objects: negative, 0 for equal, positive. Values of the runtime compare by content;
- *  objects of sorts without a comparison, by identity in a consistent order: so do all types of the
- *  XML library, whose nodes are equal only when they are the same object. Objects of different
- * sorts compare by sort. Null equals null and comes before every object. */
+ *  objects of sorts without a comparison, by identity in a consistent order. The XML library's
+ *  types have none: two of its objects are equal only when they are the same object. Objects of
+ *  different sorts compare by sort. Null equals null and comes before every object. */
 VO_API int64_t voObjCompare(voObj *a, voObj *b);
 
 /** A text for a non-null object: a string gives itself; a message and a location what their headers
@@ -89,8 +91,9 @@ VO_NEW voObj *vo___ObjCreate(int64_t size, voSort *sort);
  *  vo___ObjCreate() makes it; it may move. Never null. */
 VO_NEW voObj *vo___ObjResize(voObj *obj, int64_t size);
 
-/** Frees an object whose last reference is gone. Called from the free function of a sort it only
- *  queues, so that freeing never recurses. */
+/** Frees an object whose last reference is gone. The parts that it releases are freed by nested
+ *  calls, at most 64 deep; what lies deeper waits in a list, which the outermost call empties. So
+ *  a deep tree needs no deep stack. */
 VO_API void vo___ObjFree(voObj *obj);
 
 /** Writes `context` (may be null), file, line and `text` (may be null) to standard error as one

@@ -2,10 +2,10 @@
  *  Stores: records for settings, made of strings and further stores.
  *
  *  A keyed store holds strings and stores under string keys, in the order in which the keys came;
- * an array store holds stores by index. Reading never aborts over the kind: what a store cannot
- * hold is absent from it. Storing into a store of the wrong kind aborts. A store may be put into
- * itself: it then holds itself as it was before. Stores compare by content and the order of the
- * entries counts; keyed stores come before arrays.
+ *  an array store holds stores by index. Looking up a key in an array gives null, but storing into
+ *  a store of the wrong kind aborts. A store may be put into itself: it then holds itself as it was
+ *  before. Stores compare by content, in which the order of the entries counts; keyed stores come
+ *  before arrays.
  *
  *  `const char *key, int64_t length` is an ASCII key as in vo_string.h. */
 #ifndef VO_VO_STORE_H

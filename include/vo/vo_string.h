@@ -15,11 +15,9 @@
 #ifndef VO_VO_STRING_H
 #define VO_VO_STRING_H
 
-#include "vo/vo_object.h"
+#include "vo/vo_buffer.h"
 
 VO_BEGIN_DECLS
-
-typedef struct voBuffer voBuffer; /**< See vo_buffer.h. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */
@@ -38,7 +36,9 @@ VO_NEW voString *voStringCreateFrom(voString *source);
 
 /** A new empty string. */
 VO_NEW voString *voStringCreate(void);
+/** The characters of a byte string, see above. */
 VO_NEW voString *voStringCreateFromCstr(const char *cstr, int64_t length);
+/** A copy of a run of code points. */
 VO_NEW voString *voStringCreateFromCharsCopy(const uint32_t *chars, int64_t count);
 
 /** Turns a block of voMemAllocN() into the string of its first `count` code points, without a
@@ -63,6 +63,7 @@ VO_NEW voBuffer *voStringTryToUtf8(voString *str);
 
 /** @name Reading @{ */
 
+/** The number of code points. */
 VO_API int64_t voStringLength(voString *str);
 
 /** The code points, one behind another and not terminated. Valid while the caller holds the string
@@ -72,6 +73,7 @@ VO_API const uint32_t *voStringBacking(voString *str);
 /** The code point at `index`; an index outside the string aborts. */
 VO_API uint32_t voStringCharAt(voString *str, int64_t index);
 
+/** 1 when the string consists of just these code points, or begins with them. */
 VO_API int voStringEqualsChars(voString *str, const uint32_t *chars, int64_t count);
 VO_API int voStringBeginsWithChars(voString *str, const uint32_t *chars, int64_t count);
 
@@ -87,7 +89,8 @@ VO_API int64_t voStringFindChars(voString *str, int64_t from, const uint32_t *ch
 
 /** @name Changing @{ */
 
-/** Appends `other`, which may be the string itself. */
+/** Appends another string, which may be the string itself; a code point; a run of code points; or
+ *  the characters of a byte string. */
 VO_API void voStringAppend(voString **str, voString *other);
 VO_API void voStringAppendChar(voString **str, uint32_t ch);
 VO_API void voStringAppendChars(voString **str, const uint32_t *chars, int64_t count);

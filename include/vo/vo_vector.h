@@ -30,7 +30,10 @@ VO_NEW voVector *voVectorCreateFrom(voVector *source);
 /** A new empty vector. */
 VO_NEW voVector *voVectorCreate(void);
 
+/** The number of items. */
 VO_API int64_t voVectorLength(voVector *vec);
+
+/** The item at `index`. */
 VO_NEW voObj *voVectorObjAt(voVector *vec, int64_t index);
 
 /** 1 when every item is of the sort `sort`, also when there is none. */
@@ -45,13 +48,16 @@ VO_API void voVectorInsertObj(voVector **vec, int64_t index, voObj *obj);
 /** Inserts every item of `other`, in order, where voVectorInsertObj() would insert one. */
 VO_API void voVectorInsert(voVector **vec, int64_t index, voVector *other);
 
+/** Adds an item at the end. */
 VO_API void voVectorAppendObj(voVector **vec, voObj *obj);
+
+/** Removes the item at `index`; those behind it move up. */
 VO_API void voVectorDelAt(voVector **vec, int64_t index);
 
 /** Removes every item. */
 VO_API void voVectorClear(voVector **vec);
 
-/** Appends; the counterpart of voVectorPop(). */
+/** The same as voVectorAppendObj(), the counterpart of voVectorPop(). */
 VO_API void voVectorPush(voVector **vec, voObj *obj);
 
 /** Removes the last item and gives it to the caller. An empty vector aborts. */

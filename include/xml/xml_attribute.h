@@ -50,7 +50,8 @@ VO_API void xmlAttributeSetTextEscape(XML_ATTRIBUTE **attr, voString *vos);
 /** @} */
 
 /** @name Location
- *  Where the attribute was found in the decoded input; null when that was not recorded. @{ */
+ *  Where the attribute begins in the decoded input, see XML_FLAG_DECODE_LOCATION; null when that
+ *  was not recorded. @{ */
 VO_NEW voParserLocation *xmlAttributeLocation(XML_ATTRIBUTE *attr);
 VO_API int xmlAttributeHasLocation(XML_ATTRIBUTE *attr);
 VO_API void xmlAttributeSetLocation(XML_ATTRIBUTE **attr, voParserLocation *loc);

@@ -52,7 +52,8 @@ VO_API void xmlAttributesAppend(XML_ATTRIBUTES **attrs, XML_ATTRIBUTES *others);
 /** @} */
 
 /** @name By index
- *  The attribute at `index` and its parts, each as xmlAttribute... of that name gives it. @{ */
+ *  The attribute at `index` and its parts, each as xmlAttribute... of that name gives it:
+ *  ...TextValueAt in escaped form, ...TextTryUnescapeAt with references resolved. @{ */
 VO_NEW XML_ATTRIBUTE *xmlAttributesAttributeAt(XML_ATTRIBUTES *attrs, int64_t index);
 VO_NEW voString *xmlAttributesAttributeNameAt(XML_ATTRIBUTES *attrs, int64_t index);
 VO_NEW XML_TEXT *xmlAttributesAttributeTextAt(XML_ATTRIBUTES *attrs, int64_t index);
@@ -62,7 +63,7 @@ VO_NEW voString *xmlAttributesAttributeTextTryUnescapeAt(XML_ATTRIBUTES *attrs, 
 
 /** @name Replacing by index
  *  Puts an attribute in the place of the one at `index`: the given one, or the present one with
- *  another name, another text or both. Text forms are those of xml_text.h. @{ */
+ *  another name, another text or both. `value` is in escaped form, `vos` in plain characters. @{ */
 VO_API void xmlAttributesSetAttributeAt(XML_ATTRIBUTES **attrs, int64_t index, XML_ATTRIBUTE *attr);
 VO_API void xmlAttributesSetAttributeNameAt(XML_ATTRIBUTES **attrs, int64_t index, voString *name);
 VO_API void xmlAttributesSetAttributeTextAt(XML_ATTRIBUTES **attrs, int64_t index, XML_TEXT *text);
@@ -83,7 +84,7 @@ VO_API void xmlAttributesDelAttributeAt(XML_ATTRIBUTES **attrs, int64_t index);
 
 /** @name Placing one attribute
  *  Before the attribute at `index`, which may equal the length; first; or last. The attribute is
- *  the given one or a new one, made as xmlAttributeCreateText() and its siblings make it. @{ */
+ *  the given one or a new one. `value` is in escaped form, `vos` in plain characters. @{ */
 VO_API void xmlAttributesInsertAttribute(XML_ATTRIBUTES **attrs, int64_t index,
                                          XML_ATTRIBUTE *attr);
 VO_API void xmlAttributesInsertAttributeNameText(XML_ATTRIBUTES **attrs, int64_t index,
@@ -109,8 +110,9 @@ VO_API void xmlAttributesAppendAttributeNameTextEscape(XML_ATTRIBUTES **attrs, v
 /** @} */
 
 /** @name By name
- *  The attribute with this name, or its text in one of the forms of xml_text.h; null when there is
- *  none. `name` must satisfy xmlValueNameOk(). @{ */
+ *  The attribute with this name, its text object, or the text as a string: ...TextValue in escaped
+ *  form, ...TextTryUnescape with references resolved, where null may also mean that one cannot be
+ *  (see xmlTextTryUnescape()). Null when there is none. `name` must satisfy xmlValueNameOk(). @{ */
 VO_NEW XML_ATTRIBUTE *xmlAttributesAttribute(XML_ATTRIBUTES *attrs, voString *name);
 VO_NEW XML_TEXT *xmlAttributesAttributeText(XML_ATTRIBUTES *attrs, voString *name);
 VO_NEW voString *xmlAttributesAttributeTextValue(XML_ATTRIBUTES *attrs, voString *name);
@@ -119,7 +121,8 @@ VO_API int xmlAttributesHasAttribute(XML_ATTRIBUTES *attrs, voString *name);
 /** @} */
 
 /** @name Setting by name
- *  Replaces the attribute that has the same name, in its place, or appends. @{ */
+ *  Replaces the attribute that has the same name, in its place, or appends. `value` is in escaped
+ *  form, `vos` in plain characters. @{ */
 VO_API void xmlAttributesSetAttribute(XML_ATTRIBUTES **attrs, XML_ATTRIBUTE *attr);
 VO_API void xmlAttributesSetAttributeNameText(XML_ATTRIBUTES **attrs, voString *name,
                                               XML_TEXT *text);

@@ -33,7 +33,8 @@ VO_NEW voString *xmlCdataValue(XML_CDATA *cdata);
 VO_API void xmlCdataSetValue(XML_CDATA **cdata, voString *value);
 
 /** @name Location
- *  Where a decoder found the CDATA section; null for one made otherwise. @{ */
+ *  Where the CDATA section begins in the decoded input, see XML_FLAG_DECODE_LOCATION; null
+ *  when that was not recorded. @{ */
 VO_NEW voParserLocation *xmlCdataLocation(XML_CDATA *cdata);
 VO_API int xmlCdataHasLocation(XML_CDATA *cdata);
 VO_API void xmlCdataSetLocation(XML_CDATA **cdata, voParserLocation *loc);

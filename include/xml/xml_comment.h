@@ -33,7 +33,8 @@ VO_NEW voString *xmlCommentValue(XML_COMMENT *comment);
 VO_API void xmlCommentSetValue(XML_COMMENT **comment, voString *value);
 
 /** @name Location
- *  Where a decoder found the comment; null for one made otherwise. @{ */
+ *  Where the comment begins in the decoded input, see XML_FLAG_DECODE_LOCATION; null
+ *  when that was not recorded. @{ */
 VO_NEW voParserLocation *xmlCommentLocation(XML_COMMENT *comment);
 VO_API int xmlCommentHasLocation(XML_COMMENT *comment);
 VO_API void xmlCommentSetLocation(XML_COMMENT **comment, voParserLocation *loc);

@@ -29,7 +29,7 @@ VO_NEW XML_DECODE_ERROR *xmlDecodeErrorCreate(XML_DECODE_ERROR_CODE ec,
 /** What is wrong. */
 VO_API XML_DECODE_ERROR_CODE xmlDecodeErrorErrorCode(XML_DECODE_ERROR *err);
 
-/** The location, or null when none is known. */
+/** The location, or null when none is known; and whether one is known. */
 VO_NEW voParserLocation *xmlDecodeErrorLocation(XML_DECODE_ERROR *err);
 VO_API int xmlDecodeErrorHasLocation(XML_DECODE_ERROR *err);
 

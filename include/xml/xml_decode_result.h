@@ -4,12 +4,12 @@
 #define XML_XML_DECODE_RESULT_H
 
 #include "xml/xml_decode_error.h"
+#include "xml/xml_document.h"
 
 VO_BEGIN_DECLS
 
 /** Exactly one of a document and an error. Never changes. */
 typedef struct XML_DECODE_RESULT XML_DECODE_RESULT;
-typedef struct XML_DOCUMENT XML_DOCUMENT; /**< See xml_document.h. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */
@@ -29,11 +29,11 @@ VO_NEW XML_DECODE_RESULT *xmlDecodeResultCreate(XML_DOCUMENT *document);
 /** Makes a result that holds an error. */
 VO_NEW XML_DECODE_RESULT *xmlDecodeResultCreateError(XML_DECODE_ERROR *error);
 
-/** The document, or null when there is an error. */
+/** The document, or null when there is an error; and whether there is a document. */
 VO_NEW XML_DOCUMENT *xmlDecodeResultDocument(XML_DECODE_RESULT *result);
 VO_API int xmlDecodeResultHasDocument(XML_DECODE_RESULT *result);
 
-/** The error, or null when there is a document. */
+/** The error, or null when there is a document; and whether there is an error. */
 VO_NEW XML_DECODE_ERROR *xmlDecodeResultError(XML_DECODE_RESULT *result);
 VO_API int xmlDecodeResultHasError(XML_DECODE_RESULT *result);
 

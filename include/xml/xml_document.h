@@ -49,8 +49,13 @@ VO_NEW XML_ITEMS *xmlDocumentItems(XML_DOCUMENT *doc);
 /** Replaces the top-level nodes. */
 VO_API void xmlDocumentSetItems(XML_DOCUMENT **doc, XML_ITEMS *items);
 
+/** Makes all objects of the tree now. Without this a decoded tree makes them when they are first
+ *  asked for, and keeps the text that they come from until the last one is made or dropped. For
+ *  callers who go on to keep a small part of a large document. Changes nothing else. */
+VO_API void xmlDocumentMakeAll(XML_DOCUMENT *doc);
+
 /** @name Location
- *  Where the document was found in the decoded input; null when that was not recorded. @{ */
+ *  The location that xmlDocumentDecode() was given for the beginning of the text, or null. @{ */
 VO_NEW voParserLocation *xmlDocumentLocation(XML_DOCUMENT *doc);
 VO_API int xmlDocumentHasLocation(XML_DOCUMENT *doc);
 VO_API void xmlDocumentSetLocation(XML_DOCUMENT **doc, voParserLocation *loc);

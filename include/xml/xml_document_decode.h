@@ -9,17 +9,21 @@
 
 VO_BEGIN_DECLS
 
-/** Reads an XML text into a document, or says what is wrong with it and where. Never null; no
- *  input ends the process or makes it recurse.
+/** Reads an XML text into a document, or says what is wrong with it and where. Never null. No input
+ *  ends the process as long as there is memory, or makes it recurse.
  *
  *  The text must begin, after optional white space, with an XML declaration; the character set is
  *  the one the declaration names within the first 1024 bytes, or else the one of UTF-8, UTF-16 and
  *  UTF-32 in which it begins so. A document type declaration is refused. Character data is kept as
  *  it stands in the text: references are not expanded and line ends are not changed.
  *
+ *  All of the text is checked at once. The objects of the tree are made from it when they are first
+ *  asked for; until the last of them is made or dropped, the tree keeps the text, which for UTF-8
+ *  is `xml` itself. See xmlDocumentMakeAll().
+ *
  *  @param xml the whole text in its character set; it is not changed.
- *  @param opt of it count the flags (XML_FLAG_DECODE_LOCATION gives every node and every error a
- *         location), the decode charset flags, and the decode newline flags, by which lines are
+ *  @param opt three of the options are used: the flags, of which XML_FLAG_DECODE_LOCATION records
+ *         locations; the decode charset flags; and the decode newline flags, by which lines are
  *         counted.
  *  @param optionalLocation where the text begins in a larger source. It becomes the document's
  *         location and the place from which the other locations count; an error of the character

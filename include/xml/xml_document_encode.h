@@ -16,8 +16,11 @@ VO_BEGIN_DECLS
  *  markup. An element without children is an empty-element tag. An attribute value stands between
  *  double quotes, or between apostrophes when it holds fewer of those.
  *
- *  @param opt of it count the flags and the encode charset flags.
- *  @return null when the character set cannot hold the text. */
+ *  @param opt two of the options are used: the flags and the encode charset flags.
+ *  @return null when the character set lacks a character of the document, or a string that the
+ *          program has made holds a surrogate or a value above U+10FFFF. Which character it is is
+ *          not told: voCharsetTryConvertStringToBufferWithFlags() gives null for the string that
+ *          holds it, and for the character alone. */
 VO_NEW voBuffer *xmlDocumentTryEncode(XML_DOCUMENT *doc, XML_OPTIONS *opt);
 
 VO_END_DECLS

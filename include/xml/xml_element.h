@@ -8,8 +8,6 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_ELEMENT XML_ELEMENT;
-
 /** @name Common operations
  *  See vo/vo_object.h. @{ */
 VO_API voSort *xmlElementSort(void);
@@ -40,12 +38,16 @@ VO_NEW XML_ATTRIBUTES *xmlElementAttributes(XML_ELEMENT *el);
 VO_API void xmlElementSetAttributes(XML_ELEMENT **el, XML_ATTRIBUTES *attrs);
 VO_NEW XML_ITEMS *xmlElementItems(XML_ELEMENT *el);
 VO_API void xmlElementSetItems(XML_ELEMENT **el, XML_ITEMS *items);
+
+/** Makes all objects below the element now; see xmlDocumentMakeAll(). */
+VO_API void xmlElementMakeAll(XML_ELEMENT *el);
 /** @} */
 
 /** @name Attributes
  *  Each works on the element's attribute list as the operation of that name in xml_attributes.h
  *  does; the operations on a whole list are called ...AttributesLength, ...InsertAttributes and
- *  so on. @{ */
+ *  so on. ...TextValue gives and takes a text in escaped form, as a document writes it; to get the
+ *  plain characters use ...TextTryUnescape, to set them ...TextEscape. @{ */
 VO_API int64_t xmlElementAttributesLength(XML_ELEMENT *el);
 VO_NEW XML_ATTRIBUTE *xmlElementAttributeAt(XML_ELEMENT *el, int64_t index);
 VO_NEW voString *xmlElementAttributeNameAt(XML_ELEMENT *el, int64_t index);
@@ -106,8 +108,8 @@ VO_API void xmlElementDelAttribute(XML_ELEMENT **el, voString *name);
 
 /** @name Children
  *  Each works on the element's item list as the operation of that name in xml_items.h does; the
- *  operations on a whole list are called ...ItemsLength, ...InsertItems and so on. An
- *  element that is put into itself then holds itself as it was before. @{ */
+ *  operations on a whole list are called ...ItemsLength, ...InsertItems and so on. An element that
+ *  is put into itself then holds itself as it was before. Texts as under Attributes. @{ */
 VO_API int64_t xmlElementItemsLength(XML_ELEMENT *el);
 VO_NEW XML_ITEM *xmlElementItemAt(XML_ELEMENT *el, int64_t index);
 VO_API XML_ITEM_TYPE xmlElementItemTypeAt(XML_ELEMENT *el, int64_t index);
@@ -129,7 +131,8 @@ VO_API void xmlElementSetItemCommentAt(XML_ELEMENT **el, int64_t index, XML_COMM
 VO_API void xmlElementSetItemTextAt(XML_ELEMENT **el, int64_t index, XML_TEXT *text);
 VO_API void xmlElementSetItemTextValueAt(XML_ELEMENT **el, int64_t index, voString *value);
 VO_API void xmlElementSetItemTextEscapeAt(XML_ELEMENT **el, int64_t index, voString *vos);
-/** Spelled so for the sake of the programs that call it. */
+/** Forwards to xmlItemsSetItemCdataAt(). The misspelled name stays, since programs are linked to
+ *  it. */
 VO_API void xmlElementSetItemCdatdaAt(XML_ELEMENT **el, int64_t index, XML_CDATA *cdata);
 VO_API void xmlElementDelItemAt(XML_ELEMENT **el, int64_t index);
 
@@ -168,7 +171,8 @@ VO_API void xmlElementAppendItemCdata(XML_ELEMENT **el, XML_CDATA *cdata);
 /** @} */
 
 /** @name Location
- *  Where the element was found in the decoded input; null when that was not recorded. @{ */
+ *  Where the element begins in the decoded input, see XML_FLAG_DECODE_LOCATION; null when that was
+ *  not recorded. @{ */
 VO_NEW voParserLocation *xmlElementLocation(XML_ELEMENT *el);
 VO_API int xmlElementHasLocation(XML_ELEMENT *el);
 VO_API void xmlElementSetLocation(XML_ELEMENT **el, voParserLocation *loc);

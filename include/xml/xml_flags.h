@@ -10,7 +10,12 @@ VO_BEGIN_DECLS
 /** A set of the bits below. */
 typedef uint64_t XML_FLAGS;
 
-/** Decoding gives every node the location where it was found. */
+/** Decoding gives every error, element, attribute and other node the location where it begins: of
+ *  an element or another piece of markup the `<`, of an attribute its name, of a text its first
+ *  character. Where a node ends is not recorded. Offset and column count code points of the decoded
+ *  text, without a byte-order mark that was consumed. The texts of attributes have no
+ *  location of their own, and errors of the character set have none but the one that decoding was
+ *  given. */
 #define XML_FLAG_DECODE_LOCATION UINT64_C(1)
 
 /** Encoding writes no XML declaration. */

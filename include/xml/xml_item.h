@@ -14,7 +14,7 @@
 VO_BEGIN_DECLS
 
 typedef struct XML_ITEM XML_ITEM;
-typedef struct XML_ELEMENT XML_ELEMENT; /**< See xml_element.h. */
+typedef struct XML_ELEMENT XML_ELEMENT; /**< See xml_element.h, which includes this. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */
@@ -54,8 +54,9 @@ VO_API int xmlItemIsCdata(XML_ITEM *item);
 /** @} */
 
 /** @name Content
- *  The node, or its text in one of the forms of xml_text.h. Null when the item holds a node of
- *  another kind. @{ */
+ *  The node, or its text as a string: ...TextValue in escaped form, ...TextTryUnescape with
+ *  references resolved (see xmlTextTryUnescape()). Null when the item holds a node of another
+ *  kind. @{ */
 VO_NEW XML_ELEMENT *xmlItemElement(XML_ITEM *item);
 VO_NEW XML_PROCESSING_INSTRUCTION *xmlItemProcessingInstruction(XML_ITEM *item);
 VO_NEW XML_COMMENT *xmlItemComment(XML_ITEM *item);
@@ -67,7 +68,7 @@ VO_NEW XML_CDATA *xmlItemCdata(XML_ITEM *item);
 
 /** @name Replacement
  *  Makes the caller's reference a new item with this content, of whatever kind the old one was.
- *  Other holders keep the old item. @{ */
+ *  Other holders keep the old item. `value` is in escaped form, `vos` in plain characters. @{ */
 VO_API void xmlItemSetElement(XML_ITEM **item, XML_ELEMENT *el);
 VO_API void xmlItemSetProcessingInstruction(XML_ITEM **item, XML_PROCESSING_INSTRUCTION *pi);
 VO_API void xmlItemSetComment(XML_ITEM **item, XML_COMMENT *comment);

@@ -2,8 +2,9 @@
  *  The children of an element or the top level of a document, in document order.
  *
  *  The functions named after a kind of node save the caller the item around it: reading gives null
- *  for an item of another kind, writing makes a new item as xmlItemCreate... does. Indexes count
- *  from 0; an index outside the list aborts. */
+ *  for an item of another kind, writing makes a new item as xmlItemCreate... does. ...TextValue
+ *  gives and takes escaped text; ...TextEscape takes and ...TextTryUnescape gives plain characters.
+ *  Indexes count from 0; an index outside the list aborts. */
 #ifndef XML_XML_ITEMS_H
 #define XML_XML_ITEMS_H
 

@@ -60,7 +60,8 @@ VO_API void xmlNsAttributeSetTextEscape(XML_NS_ATTRIBUTE **attr, voString *vos);
 /** @} */
 
 /** @name Location
- *  Where the attribute was found in the decoded input; null when that was not recorded. @{ */
+ *  Where the attribute begins in the decoded input, see XML_FLAG_DECODE_LOCATION; null when that
+ *  was not recorded. @{ */
 VO_NEW voParserLocation *xmlNsAttributeLocation(XML_NS_ATTRIBUTE *attr);
 VO_API int xmlNsAttributeHasLocation(XML_NS_ATTRIBUTE *attr);
 VO_API void xmlNsAttributeSetLocation(XML_NS_ATTRIBUTE **attr, voParserLocation *loc);

@@ -55,7 +55,8 @@ VO_API void xmlNsAttributesAppend(XML_NS_ATTRIBUTES **attrs, XML_NS_ATTRIBUTES *
 /** @} */
 
 /** @name By index
- *  The attribute at `index` and its parts, each as xmlNsAttribute... of that name gives it. @{ */
+ *  The attribute at `index` and its parts, each as xmlNsAttribute... of that name gives it:
+ *  ...TextValueAt in escaped form, ...TextTryUnescapeAt with references resolved. @{ */
 VO_NEW XML_NS_ATTRIBUTE *xmlNsAttributesAttributeAt(XML_NS_ATTRIBUTES *attrs, int64_t index);
 VO_NEW voString *xmlNsAttributesAttributeLocalNameAt(XML_NS_ATTRIBUTES *attrs, int64_t index);
 VO_NEW voString *xmlNsAttributesAttributeNamespaceAt(XML_NS_ATTRIBUTES *attrs, int64_t index);
@@ -67,7 +68,7 @@ VO_NEW voString *xmlNsAttributesAttributeTextTryUnescapeAt(XML_NS_ATTRIBUTES *at
 
 /** @name Replacing by index
  *  Puts an attribute in the place of the one at `index`: the given one, or the present one with
- *  another name, another text or both. Text forms are those of xml_text.h. @{ */
+ *  another name, another text or both. `value` is in escaped form, `vos` in plain characters. @{ */
 VO_API void xmlNsAttributesSetAttributeAt(XML_NS_ATTRIBUTES **attrs, int64_t index,
                                           XML_NS_ATTRIBUTE *attr);
 VO_API void xmlNsAttributesSetAttributeNameAt(XML_NS_ATTRIBUTES **attrs, int64_t index,
@@ -94,7 +95,7 @@ VO_API void xmlNsAttributesDelAttributeAt(XML_NS_ATTRIBUTES **attrs, int64_t ind
 
 /** @name Placing one attribute
  *  Before the attribute at `index`, which may equal the length; first; or last. The attribute is
- *  the given one or a new one, made as xmlNsAttributeCreateText() and its siblings make it. @{ */
+ *  the given one or a new one. `value` is in escaped form, `vos` in plain characters. @{ */
 VO_API void xmlNsAttributesInsertAttribute(XML_NS_ATTRIBUTES **attrs, int64_t index,
                                            XML_NS_ATTRIBUTE *attr);
 VO_API void xmlNsAttributesInsertAttributeNameText(XML_NS_ATTRIBUTES **attrs, int64_t index,
@@ -127,8 +128,9 @@ VO_API void xmlNsAttributesAppendAttributeNameTextEscape(XML_NS_ATTRIBUTES **att
 /** @} */
 
 /** @name By name
- *  The attribute with this name, or its text in one of the forms of xml_text.h; null when there is
- *  none. @{ */
+ *  The attribute with this name, its text object, or the text as a string: ...TextValue in escaped
+ *  form, ...TextTryUnescape with references resolved, where null may also mean that one cannot be
+ *  (see xmlTextTryUnescape()). Null when there is none. @{ */
 VO_NEW XML_NS_ATTRIBUTE *xmlNsAttributesAttribute(XML_NS_ATTRIBUTES *attrs, voString *localName,
                                                   voString *optionalNs);
 VO_NEW XML_TEXT *xmlNsAttributesAttributeText(XML_NS_ATTRIBUTES *attrs, voString *localName,
@@ -142,7 +144,8 @@ VO_API int xmlNsAttributesHasAttribute(XML_NS_ATTRIBUTES *attrs, voString *local
 /** @} */
 
 /** @name Setting by name
- *  Replaces the attribute that has the same name, in its place, or appends. @{ */
+ *  Replaces the attribute that has the same name, in its place, or appends. `value` is in escaped
+ *  form, `vos` in plain characters. @{ */
 VO_API void xmlNsAttributesSetAttribute(XML_NS_ATTRIBUTES **attrs, XML_NS_ATTRIBUTE *attr);
 VO_API void xmlNsAttributesSetAttributeNameText(XML_NS_ATTRIBUTES **attrs, voString *localName,
                                                 voString *optionalNs, XML_TEXT *text);

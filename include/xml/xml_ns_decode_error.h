@@ -29,7 +29,7 @@ VO_NEW XML_NS_DECODE_ERROR *xmlNsDecodeErrorCreate(XML_NS_DECODE_ERROR_CODE ec,
 /** What is wrong. */
 VO_API XML_NS_DECODE_ERROR_CODE xmlNsDecodeErrorErrorCode(XML_NS_DECODE_ERROR *err);
 
-/** The location, or null when none is known. */
+/** The location, or null when none is known; and whether one is known. */
 VO_NEW voParserLocation *xmlNsDecodeErrorLocation(XML_NS_DECODE_ERROR *err);
 VO_API int xmlNsDecodeErrorHasLocation(XML_NS_DECODE_ERROR *err);
 

@@ -4,12 +4,12 @@
 #define XML_XML_NS_DECODE_RESULT_H
 
 #include "xml/xml_ns_decode_error.h"
+#include "xml/xml_ns_document.h"
 
 VO_BEGIN_DECLS
 
 /** Exactly one of a document and an error. Never changes. */
 typedef struct XML_NS_DECODE_RESULT XML_NS_DECODE_RESULT;
-typedef struct XML_NS_DOCUMENT XML_NS_DOCUMENT; /**< See xml_ns_document.h. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */
@@ -29,11 +29,11 @@ VO_NEW XML_NS_DECODE_RESULT *xmlNsDecodeResultCreate(XML_NS_DOCUMENT *document);
 /** Makes a result that holds an error. */
 VO_NEW XML_NS_DECODE_RESULT *xmlNsDecodeResultCreateError(XML_NS_DECODE_ERROR *error);
 
-/** The document, or null when there is an error. */
+/** The document, or null when there is an error; and whether there is a document. */
 VO_NEW XML_NS_DOCUMENT *xmlNsDecodeResultDocument(XML_NS_DECODE_RESULT *res);
 VO_API int xmlNsDecodeResultHasDocument(XML_NS_DECODE_RESULT *res);
 
-/** The error, or null when there is a document. */
+/** The error, or null when there is a document; and whether there is an error. */
 VO_NEW XML_NS_DECODE_ERROR *xmlNsDecodeResultError(XML_NS_DECODE_RESULT *res);
 VO_API int xmlNsDecodeResultHasError(XML_NS_DECODE_RESULT *res);
 

@@ -10,8 +10,6 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_NS_ELEMENT XML_NS_ELEMENT;
-
 /** @name Common operations
  *  See vo/vo_object.h. @{ */
 VO_API voSort *xmlNsElementSort(void);
@@ -57,12 +55,16 @@ VO_NEW XML_NS_ATTRIBUTES *xmlNsElementAttributes(XML_NS_ELEMENT *el);
 VO_API void xmlNsElementSetAttributes(XML_NS_ELEMENT **el, XML_NS_ATTRIBUTES *attrs);
 VO_NEW XML_NS_ITEMS *xmlNsElementItems(XML_NS_ELEMENT *el);
 VO_API void xmlNsElementSetItems(XML_NS_ELEMENT **el, XML_NS_ITEMS *items);
+
+/** Makes all objects below the element now; see xmlNsDocumentMakeAll(). */
+VO_API void xmlNsElementMakeAll(XML_NS_ELEMENT *el);
 /** @} */
 
 /** @name Attributes
  *  Each works on the element's attribute list as the operation of that name in xml_ns_attributes.h
  *  does; the operations on a whole list are called ...AttributesLength, ...InsertAttributes and
- *  so on. @{ */
+ *  so on. ...TextValue gives and takes a text in escaped form, as a document writes it; to get the
+ *  plain characters use ...TextTryUnescape, to set them ...TextEscape. @{ */
 VO_API int64_t xmlNsElementAttributesLength(XML_NS_ELEMENT *el);
 VO_NEW XML_NS_ATTRIBUTE *xmlNsElementAttributeAt(XML_NS_ELEMENT *el, int64_t index);
 VO_NEW voString *xmlNsElementAttributeLocalNameAt(XML_NS_ELEMENT *el, int64_t index);
@@ -144,8 +146,8 @@ VO_API void xmlNsElementDelAttribute(XML_NS_ELEMENT **el, voString *localName,
 
 /** @name Children
  *  Each works on the element's item list as the operation of that name in xml_ns_items.h does; the
- *  operations on a whole list are called ...ItemsLength, ...InsertItems and so on. An
- *  element that is put into itself then holds itself as it was before. @{ */
+ *  operations on a whole list are called ...ItemsLength, ...InsertItems and so on. An element that
+ *  is put into itself then holds itself as it was before. Texts as under Attributes. @{ */
 VO_API int64_t xmlNsElementItemsLength(XML_NS_ELEMENT *el);
 VO_NEW XML_NS_ITEM *xmlNsElementItemAt(XML_NS_ELEMENT *el, int64_t index);
 VO_API XML_ITEM_TYPE xmlNsElementItemTypeAt(XML_NS_ELEMENT *el, int64_t index);
@@ -167,7 +169,8 @@ VO_API void xmlNsElementSetItemCommentAt(XML_NS_ELEMENT **el, int64_t index, XML
 VO_API void xmlNsElementSetItemTextAt(XML_NS_ELEMENT **el, int64_t index, XML_TEXT *text);
 VO_API void xmlNsElementSetItemTextValueAt(XML_NS_ELEMENT **el, int64_t index, voString *value);
 VO_API void xmlNsElementSetItemTextEscapeAt(XML_NS_ELEMENT **el, int64_t index, voString *vos);
-/** Spelled so for the sake of the programs that call it. */
+/** Forwards to xmlNsItemsSetItemCdataAt(). The misspelled name stays, since programs are linked to
+ *  it. */
 VO_API void xmlNsElementSetItemCdatdaAt(XML_NS_ELEMENT **el, int64_t index, XML_CDATA *cdata);
 VO_API void xmlNsElementDelItemAt(XML_NS_ELEMENT **el, int64_t index);
 
@@ -207,7 +210,8 @@ VO_API void xmlNsElementAppendItemCdata(XML_NS_ELEMENT **el, XML_CDATA *cdata);
 /** @} */
 
 /** @name Location
- *  Where the element was found in the decoded input; null when that was not recorded. @{ */
+ *  Where the element begins in the decoded input, see XML_FLAG_DECODE_LOCATION; null when that was
+ *  not recorded. @{ */
 VO_NEW voParserLocation *xmlNsElementLocation(XML_NS_ELEMENT *el);
 VO_API int xmlNsElementHasLocation(XML_NS_ELEMENT *el);
 VO_API void xmlNsElementSetLocation(XML_NS_ELEMENT **el, voParserLocation *loc);

@@ -15,7 +15,7 @@
 VO_BEGIN_DECLS
 
 typedef struct XML_NS_ITEM XML_NS_ITEM;
-typedef struct XML_NS_ELEMENT XML_NS_ELEMENT; /**< See xml_ns_element.h. */
+typedef struct XML_NS_ELEMENT XML_NS_ELEMENT; /**< See xml_ns_element.h, which includes this. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */
@@ -55,8 +55,9 @@ VO_API int xmlNsItemIsCdata(XML_NS_ITEM *item);
 /** @} */
 
 /** @name Content
- *  The node, or its text in one of the forms of xml_text.h. Null when the item holds a node of
- *  another kind. @{ */
+ *  The node, or its text as a string: ...TextValue in escaped form, ...TextTryUnescape with
+ *  references resolved (see xmlTextTryUnescape()). Null when the item holds a node of another
+ *  kind. @{ */
 VO_NEW XML_NS_ELEMENT *xmlNsItemElement(XML_NS_ITEM *item);
 VO_NEW XML_PROCESSING_INSTRUCTION *xmlNsItemProcessingInstruction(XML_NS_ITEM *item);
 VO_NEW XML_COMMENT *xmlNsItemComment(XML_NS_ITEM *item);
@@ -68,7 +69,7 @@ VO_NEW XML_CDATA *xmlNsItemCdata(XML_NS_ITEM *item);
 
 /** @name Replacement
  *  Makes the caller's reference a new item with this content, of whatever kind the old one was.
- *  Other holders keep the old item. @{ */
+ *  Other holders keep the old item. `value` is in escaped form, `vos` in plain characters. @{ */
 VO_API void xmlNsItemSetElement(XML_NS_ITEM **item, XML_NS_ELEMENT *el);
 VO_API void xmlNsItemSetProcessingInstruction(XML_NS_ITEM **item, XML_PROCESSING_INSTRUCTION *pi);
 VO_API void xmlNsItemSetComment(XML_NS_ITEM **item, XML_COMMENT *comment);

@@ -2,8 +2,9 @@
  *  An ordered set of namespace mappings with at most one for each prefix and at most one for the
  *  default namespace, such as the declarations of one element.
  *
- *  Wherever a mapping is put, the one that had its prefix before is removed: the newer one wins.
- *  The mapping for the default namespace counts as one with a prefix of its own.
+ *  Placing a mapping removes the one that had its prefix before. The mapping for the default
+ *  namespace counts as one with a prefix of its own. Only xmlNsNamespaceMapSetMappingsVector(),
+ *  which replaces all mappings at once, chooses between mappings of one prefix by another rule.
  *
  *  Lookups take constant time, whatever the size of the map. So does appending a mapping with a
  *  prefix that is new to the map; other changes take time in proportion to its length at most.
@@ -50,9 +51,10 @@ VO_API int64_t xmlNsNamespaceMapLength(XML_NS_NAMESPACE_MAP *map);
 VO_API void xmlNsNamespaceMapClear(XML_NS_NAMESPACE_MAP **map);
 
 /** @name All mappings at once
- *  `vec` must hold nothing but mappings. The map shares the vector, or takes its mappings in
- *  their order when some have to go: where a prefix occurs twice the earlier one stays, where it
- *  occurs more often the last. @{ */
+ *  The mappings as a vector, in their order. A vector that is set must hold nothing but mappings
+ *  (XML_NS_NAMESPACE_MAPPING). It replaces all mappings of the map. Where several of its mappings
+ *  have one prefix, only one is taken, at its place: the first if there are two, the last if there
+ *  are more. @{ */
 VO_NEW voVector *xmlNsNamespaceMapMappingsVector(XML_NS_NAMESPACE_MAP *map);
 VO_API void xmlNsNamespaceMapSetMappingsVector(XML_NS_NAMESPACE_MAP **map, voVector *vec);
 /** @} */

@@ -43,7 +43,8 @@ VO_NEW voStore *xmlNsNamespaceMappingStore(XML_NS_NAMESPACE_MAPPING *mapping);
  *  valid counts as absent. */
 VO_NEW XML_NS_NAMESPACE_MAPPING *xmlNsNamespaceMappingRestore(voStore *store);
 
-/** 1 when the mapping is for the default namespace: it has no prefix. */
+/** 1 when the mapping is for the default namespace: it has no prefix. Unlike all other functions it
+ *  does not check its argument: null is undefined behaviour. */
 VO_API int xmlNsNamespaceMappingIsDefault(XML_NS_NAMESPACE_MAPPING *mapping);
 
 /** @name Prefix

@@ -37,7 +37,8 @@ VO_NEW XML_OPTIONS *xmlOptionsCreateFrom(XML_OPTIONS *source);
 /** Makes options that all hold their defaults. */
 VO_NEW XML_OPTIONS *xmlOptionsCreate(void);
 
-/** @name Values @{ */
+/** @name Values
+ *  The flags of an option, those of its default as long as it is not set. @{ */
 VO_API XML_FLAGS xmlOptionsFlags(XML_OPTIONS *opt);
 VO_API voCharsetFlags xmlOptionsDecodeCharsetFlags(XML_OPTIONS *opt);
 VO_API voNlfFlags xmlOptionsDecodeNlfFlags(XML_OPTIONS *opt);
@@ -46,7 +47,8 @@ VO_API voNlfFlags xmlOptionsEncodeNlfFlags(XML_OPTIONS *opt);
 /** @} */
 
 /** @name Setting
- *  Bits that are not flags of the option are dropped. @{ */
+ *  Bits that are not flags of the option are dropped. Encoding writes line ends as the document
+ *  holds them: the encode newline flags are kept for programs, and nothing here reads them. @{ */
 VO_API void xmlOptionsSetFlags(XML_OPTIONS **opt, XML_FLAGS flags);
 VO_API void xmlOptionsSetDecodeCharsetFlags(XML_OPTIONS **opt, voCharsetFlags flags);
 VO_API void xmlOptionsSetDecodeNlfFlags(XML_OPTIONS **opt, voNlfFlags flags);
@@ -54,7 +56,8 @@ VO_API void xmlOptionsSetEncodeCharsetFlags(XML_OPTIONS **opt, voCharsetFlags fl
 VO_API void xmlOptionsSetEncodeNlfFlags(XML_OPTIONS **opt, voNlfFlags flags);
 /** @} */
 
-/** @name Whether an option holds its default: 1 until it is set @{ */
+/** @name Whether an option holds its default
+ *  1 until the option is set, and again after it has gone back. @{ */
 VO_API int xmlOptionsFlagsDefault(XML_OPTIONS *opt);
 VO_API int xmlOptionsDecodeCharsetFlagsDefault(XML_OPTIONS *opt);
 VO_API int xmlOptionsDecodeNlfFlagsDefault(XML_OPTIONS *opt);
@@ -62,7 +65,8 @@ VO_API int xmlOptionsEncodeCharsetFlagsDefault(XML_OPTIONS *opt);
 VO_API int xmlOptionsEncodeNlfFlagsDefault(XML_OPTIONS *opt);
 /** @} */
 
-/** @name Going back to the default @{ */
+/** @name Going back
+ *  The option holds its default again, and counts as not set. @{ */
 VO_API void xmlOptionsSetFlagsDefault(XML_OPTIONS **opt);
 VO_API void xmlOptionsSetDecodeCharsetFlagsDefault(XML_OPTIONS **opt);
 VO_API void xmlOptionsSetDecodeNlfFlagsDefault(XML_OPTIONS **opt);

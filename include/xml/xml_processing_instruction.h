@@ -26,8 +26,8 @@ VO_NEW XML_PROCESSING_INSTRUCTION *
 xmlProcessingInstructionCreateFrom(XML_PROCESSING_INSTRUCTION *source);
 /** @} */
 
-/** Makes a processing instruction without a location. @param value see
- * xmlValueProcessingInstructionValueOk(). */
+/** Makes a processing instruction without a location.
+ *  @param value see xmlValueProcessingInstructionValueOk(). */
 VO_NEW XML_PROCESSING_INSTRUCTION *xmlProcessingInstructionCreate(voString *value);
 
 /** The text between the delimiters, as it was given. */
@@ -37,7 +37,8 @@ VO_NEW voString *xmlProcessingInstructionValue(XML_PROCESSING_INSTRUCTION *pi);
 VO_API void xmlProcessingInstructionSetValue(XML_PROCESSING_INSTRUCTION **pi, voString *value);
 
 /** @name Location
- *  Where a decoder found the processing instruction; null for one made otherwise. @{ */
+ *  Where the processing instruction begins in the decoded input, see XML_FLAG_DECODE_LOCATION; null
+ *  when that was not recorded. @{ */
 VO_NEW voParserLocation *xmlProcessingInstructionLocation(XML_PROCESSING_INSTRUCTION *pi);
 VO_API int xmlProcessingInstructionHasLocation(XML_PROCESSING_INSTRUCTION *pi);
 VO_API void xmlProcessingInstructionSetLocation(XML_PROCESSING_INSTRUCTION **pi,

@@ -35,7 +35,7 @@ VO_NEW XML_TEXT *xmlTextCreateValue(voString *value);
 /** Makes a text of the plain characters `vos`. */
 VO_NEW XML_TEXT *xmlTextCreateEscape(voString *vos);
 
-/** The escaped form. */
+/** The escaped form, as it is stored: references are not resolved. */
 VO_NEW voString *xmlTextValue(XML_TEXT *text);
 
 /** Stores the escaped `value` as it is. It must satisfy xmlValueTextOk(). */
@@ -49,7 +49,8 @@ VO_API void xmlTextSetEscape(XML_TEXT **text, voString *vos);
 VO_NEW voString *xmlTextTryUnescape(XML_TEXT *text);
 
 /** @name Location
- *  Where the text was found in the decoded input; null when that was not recorded. @{ */
+ *  Where the text of an element begins in the decoded input, see XML_FLAG_DECODE_LOCATION. Null
+ *  when that was not recorded, and for the value of an attribute. @{ */
 VO_NEW voParserLocation *xmlTextLocation(XML_TEXT *text);
 VO_API int xmlTextHasLocation(XML_TEXT *text);
 VO_API void xmlTextSetLocation(XML_TEXT **text, voParserLocation *loc);

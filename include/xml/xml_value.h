@@ -25,11 +25,14 @@ VO_API int xmlValueCommentOk(voString *commentText);
 /** The version number of an XML declaration: "1." and one or more decimal digits. */
 VO_API int xmlValueVersionNumOk(voString *versionNum);
 
-/** What may stand in a CDATA section: anything, also nothing, that does not contain ]]>. */
+/** What may stand in a CDATA section: anything, also nothing, that does not contain ]]>. For null
+ *  it aborts with the condition of voStringFindChars(). */
 VO_API int xmlValueCdataOk(voString *value);
 
 /** Escaped character data, possibly empty: no < and no & but at the start of a reference. Any
- *  entity name is accepted. */
+ *  entity name is accepted, and so is a character reference, although decoding accepts one in
+ *  attribute values only: a text between tags that holds one is encoded as it stands, and what is
+ *  written then does not decode. xmlTextCreateEscape() never makes one. */
 VO_API int xmlValueTextOk(voString *text);
 
 VO_END_DECLS

@@ -4,6 +4,8 @@
 #include "vo/vo_memory.h"
 
 #include <cstddef>
+#include <new>
+#include <utility>
 #include <vector>
 
 namespace vo {
@@ -23,5 +25,17 @@ template <class T> struct Allocator {
 };
 
 template <class T> using Vec = std::vector<T, Allocator<T>>;
+
+/// A new T in memory of the runtime, for discard().
+template <class T, class... Arguments> [[nodiscard]] T *make(Arguments &&...arguments) {
+    return new (Allocator<T>().allocate(1)) T(std::forward<Arguments>(arguments)...);
+}
+
+/// Destroys what make() gave; null is ignored.
+template <class T> void discard(T *made) {
+    if (!made) return;
+    made->~T();
+    voMemFree(made);
+}
 
 } // namespace vo

@@ -33,7 +33,7 @@ template <class A> inline constexpr int64_t
 
 /// Room that every array of `length` items in a block of its own has at least: rounded up by up
 /// to a quarter, so that appending one by one costs constant time, and the room needs no field.
-inline int64_t roomFor(int64_t length) {
+constexpr int64_t roomFor(int64_t length) {
     if (length <= 2) return 2;
     int64_t step = int64_t(std::bit_floor(uint64_t(length))) / 4;
     step = step < 2 ? 2 : step;
@@ -67,7 +67,8 @@ A *copyArray(voSort *sort, const typename A::Item *items, int64_t count, int64_t
 /// are not set; objects that it loses are released. `length` must not exceed `mostItems`.
 template <class A> A *resizeArray(A **ref, int64_t length) {
     A *array = *ref;
-    if (!isSole(array) || chunkTag(&array->base)) {
+    // How much room there is in a chunk is not known.
+    if (!isSole(array) || (chunkTag(&array->base) && length > array->length)) {
         int64_t count = length < array->length ? length : array->length;
         *ref = copyArray<A>(sortOf(&array->base), array->items(), count, length);
         release(array);

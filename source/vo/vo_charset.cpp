@@ -85,13 +85,22 @@ voBuffer *encoded(voCharset charset, voBuffer *utf8, voCharsetFlags flags) {
     bool marked =
         isSelfMarking(charset) || (flags & VO_CHARSET_FLAG_BOM && charset >= VO_CHARSET_UTF_8);
     if (isSelfMarking(charset)) ++charset;
-    if (!marked && isUtf8(charset, bytesOf(utf8))) return retained(utf8);
+    if (!marked && (charset == VO_CHARSET_UTF_8 || isUtf8(charset, bytesOf(utf8))))
+        return retained(utf8);
     BufferBuilder out;
     if (marked) out.append(markOf(charset));
     return familyOf(charset).encode(charset, bytesOf(utf8), out) ? out.take() : nullptr;
 }
 
 } // namespace
+
+voBuffer *vo___Utf8TryEncode(voCharset charset, voBuffer *utf8, voCharsetFlags flags) {
+    return encoded(charset, utf8, flags);
+}
+
+int vo___Utf8IsValid(const uint8_t *bytes, int64_t count) {
+    return validUtf8({bytes, size_t(count)});
+}
 
 voBuffer *voCharsetTryConvertBufferToUtf8WithFlags(voCharset charset, voBuffer *buffer,
                                                    voCharsetFlags flags) {

@@ -32,7 +32,7 @@ class ByteTable {
             chars[byte] = byte;
         if (const char *name = converterName(charset)) askConverter(name);
         if (charset == VO_CHARSET_MACINTOSH) {
-            // The C library has the Greek letter and a private use of its own in these places.
+            // The C library reads these as a Greek letter and another private-use character.
             chars[0xC6] = 0x2206;
             chars[0xF0] = 0xF8FF;
         }

@@ -17,7 +17,8 @@ struct Chunk {
     static constexpr int64_t smallest = 2048;
     static constexpr int64_t largest = 65536;
 
-    /// Bytes behind every object in a chunk that a store may touch: 16 code points.
+    /// Bytes behind every object in a chunk that may be overwritten while it is filled: 16 code
+    /// points.
     static constexpr int64_t slack = VO_CHUNKS ? 64 : 0;
 
     /// Tags are the binary logarithm less 10: 1 for 2 KB up to 6 for 64 KB.

@@ -1,4 +1,4 @@
-// The process's stock of full-size chunks.
+// The process's pool of free chunks of the largest size.
 #pragma once
 
 namespace vo {

@@ -34,12 +34,13 @@ class Pair {
     int64_t next = 0;
 };
 
-/// Pairs that need no second look. A part that several containers share is met once for each path
-/// to it, and there can be exponentially many.
+/// The pairs of shared parts that have been met, which need no second comparison. Without this a
+/// part that several containers share would be compared once for each path that leads to it, and
+/// there can be exponentially many.
 class SharedPairs {
   public:
-    /// Whether the pair is here already, which it is afterwards. Whatever has been compared to the
-    /// end is equal, or there would be no next pair.
+    /// Adds the pair and gives whether it was there before. Then it was compared before and is
+    /// equal, because the first difference ends the whole comparison.
     bool meet(voObj *a, voObj *b) { return !isSole(a) && !isSole(b) && !met.insert({a, b}).second; }
 
   private:
@@ -51,7 +52,7 @@ bool areContainers(voObj *a, voObj *b) {
     return sortOf(a) == sortOf(b) && sortOf(a)->compare == compareContainers;
 }
 
-/// The order that follows from what two containers are, whatever they hold.
+/// The order of two containers by what they are (keyed or array), whatever they hold.
 int64_t compareKinds(voObj *a, voObj *b) {
     if (sortOf(a) == voVectorSort()) return 0;
     return reinterpret_cast<Table *>(a)->isArray - reinterpret_cast<Table *>(b)->isArray;

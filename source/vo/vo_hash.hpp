@@ -1,4 +1,4 @@
-// A hash that cannot be foreseen.
+// A keyed hash, which no input can be made to collide under.
 #pragma once
 
 #include <bit>
@@ -29,7 +29,7 @@ struct HashKeys {
     static HashKeys draw() {
         uint64_t random[2];
         if (getentropy(random, sizeof(random)) != 0) {
-            // No source of randomness: the time and where the program was loaded have to do.
+            // Without a source of randomness the time and the address of the stack take its place.
             random[0] = uint64_t(std::chrono::steady_clock::now().time_since_epoch().count());
             random[1] = reinterpret_cast<uintptr_t>(&random) ^ random[0] << 32;
         }
@@ -49,7 +49,7 @@ template <class Word> uint64_t loadWord(const char *at) {
     return word;
 }
 
-/// Up to 7 bytes, at least one, as a word that only these bytes give among as many.
+/// Packs 1 to 7 bytes into a word; different bytes of the same number give different words.
 inline uint64_t shortWord(const char *at, size_t size) {
     if (size >= 4) return loadWord<uint32_t>(at) | loadWord<uint32_t>(at + size - 4) << 32;
     return loadWord<uint8_t>(at) | loadWord<uint8_t>(at + size / 2) << 8 |
@@ -71,7 +71,7 @@ inline uint64_t hashBytes(const void *bytes, size_t size) {
     for (; end - at >= 8; at += 8)
         add(loadWord<uint64_t>(at));
     if (at < end) add(size >= 8 ? loadWord<uint64_t>(end - 8) : shortWord(at, size));
-    // Neighbouring inputs have neighbouring values until here; tables want them apart.
+    // Until here similar inputs have similar values; tables need all bits mixed.
     hash = (hash ^ keys.scramble) * UINT64_C(0x9E3779B97F4A7C15);
     hash ^= hash >> 32;
     hash *= keys.scramble;

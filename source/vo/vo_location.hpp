@@ -1,4 +1,4 @@
-// Locations as those see them who make or read many.
+// The fields of a location, for code that makes or reads many of them.
 #pragma once
 
 #include "source/vo/vo_newline.hpp"

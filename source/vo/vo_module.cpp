@@ -1,10 +1,14 @@
 #include "source/vo/vo_module.hpp"
 
+#include "source/vo/vo_layout.hpp"
+
 #include <mutex>
 
 /// Held while a module starts or shuts down, so that nobody uses it half-way. Recursive, because a
 /// module may start another one.
 static constinit std::recursive_mutex mutex;
+
+uint64_t vo___Layout(void) { return vo::layout; }
 
 int voModuleStartup(voModule *module) {
     VO_ASSERT(module);

@@ -4,9 +4,8 @@
 #include "source/vo/vo_object.hpp"
 #include "vo/vo_module.h"
 
-/// A static object: `constinit voModule module = {{nullptr, 1}, &record, startup, nullptr,
-/// shutdown,
-/// {}, 0};`. Functions may be null.
+/// A static object, which the library that offers it defines with `constinit`. Functions may be
+/// null.
 struct voModule {
     voObj base; ///< Of no sort; the count stays 1.
     void *record;

@@ -1,4 +1,4 @@
-// Names for words: what enumerations and flag sets are made of.
+// Names for 64-bit words: what enumerations and flag sets are made of.
 #pragma once
 
 #include "source/vo/vo_words.hpp"
@@ -8,8 +8,8 @@ namespace vo {
 
 struct Names {
     voObj base;
-    voDict *names;   ///< Each name under itself.
-    voBuffer *words; ///< The word of each name.
+    voDict *names;   ///< Each name, as key and as value.
+    voBuffer *words; ///< The word of each name, in the order of the dictionary.
 
     auto fields() { return std::tie(names, words); }
 

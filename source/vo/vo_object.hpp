@@ -87,6 +87,11 @@ template <class T> [[nodiscard]] T *retained(T *object) {
     return object;
 }
 
+/// Adds `times` references to an object that the caller holds.
+template <class T> void retainTimes(T *object, int64_t times) {
+    obj(object)->refs.fetch_add(times, std::memory_order_relaxed);
+}
+
 /// Gives up a reference to an object and tells whether it was the last. A sole owner needs no
 /// atomic subtraction.
 template <class T> [[nodiscard]] bool dropLast(T *object) {
@@ -126,8 +131,10 @@ template <class T> class [[nodiscard]] Ref {
 
 // ---------------------------------------------------------------- fields
 
+/// Retains what a field holds. A field that is not a pointer may have retain() and drop() for that.
 template <class T> void retainField(T &field) {
     if constexpr (std::is_pointer_v<T>) (void)retained(field);
+    if constexpr (requires { field.retain(); }) field.retain();
 }
 
 /// Releases an object field and poisons it, so that a use after free is caught.
@@ -136,6 +143,7 @@ template <class T> void dropField(T &field) {
         release(field);
         field = reinterpret_cast<T>(~uintptr_t{0});
     }
+    if constexpr (requires { field.drop(); }) field.drop();
 }
 
 /// A new object whose fields are all null or zero.
@@ -145,8 +153,9 @@ template <class T> T *create(voSort *sort) {
     return object;
 }
 
-/// A shallow copy: shares every field value with `source`.
+/// A shallow copy: shares every field value with `source`, whose fields are made if they are not.
 template <class T> T *copy(T *source) {
+    if constexpr (requires { source->complete(); }) source->complete();
     T *object = create<T>(sortOf(obj(source)));
     object->fields() = source->fields();
     std::apply([](auto &...field) { (retainField(field), ...); }, object->fields());

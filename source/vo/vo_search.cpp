@@ -7,7 +7,7 @@
 namespace vo {
 namespace {
 
-/// How much of `chars` still matches when the code point after the first `matched` is `next`.
+/// How many of `chars` match so far, after `matched` of them did and `next` is the next code point.
 int64_t advance(const uint32_t *chars, const Vec<int64_t> &borders, int64_t matched,
                 uint32_t next) {
     while (matched && chars[matched] != next)

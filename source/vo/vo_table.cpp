@@ -9,7 +9,7 @@
 namespace vo {
 namespace {
 
-/// So many keys are found faster by looking at each.
+/// Up to this many keys are found faster by comparing each than by a hash table.
 constexpr int64_t fewKeys = 8;
 
 /// A used slot is the index of an entry plus 1, below the high bits of its key's hash, which spare

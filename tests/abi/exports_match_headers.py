@@ -11,7 +11,7 @@ compiler, library, path = sys.argv[1:]
 symbols = subprocess.run(["nm", "-D", "--defined-only", path], text=True, capture_output=True,
                          check=True)
 exported = {line.split()[-1].split("@")[0] for line in symbols.stdout.splitlines()}
-declared = declared_functions(library, compiler)
+declared = set(declared_functions(library, compiler))
 
 for name in sorted(declared - exported):
     print(f"declared, not exported: {name}")

@@ -12,11 +12,12 @@ def headers(library="*"):
 
 
 def declared_functions(library, compiler):
-    """The functions declared in the headers of "vo" or "xml", as the compiler reads them."""
+    """The functions declared in the headers of "vo" or "xml", as the compiler reads them: the
+    parameters of each as they are written, by its name."""
     source = "".join(f'#include "{header}"\n' for header in headers(library))
     command = [compiler, "-E", "-xc", "-std=c11", f"-I{INCLUDE}", "-"]
     lines = subprocess.run(command, input=source, text=True, capture_output=True, check=True)
-    return set(function_names(lines_of(INCLUDE / library, lines.stdout)))
+    return dict(declarations(lines_of(INCLUDE / library, lines.stdout)))
 
 
 def lines_of(folder, preprocessed):
@@ -32,9 +33,9 @@ def lines_of(folder, preprocessed):
     return "\n".join(own)
 
 
-def function_names(text):
+def declarations(text):
     text = re.sub(r"__attribute__\s*\(\(.*?\)\)(?!\))", " ", text)
     for declaration in re.sub(r"\{[^{}]*\}", ";", text).split(";"):
-        name = re.match(r"(?!\s*(?:typedef|static)\b)[^(=]*?(\w+)\s*\(", declaration)
-        if name:
-            yield name[1]
+        function = re.match(r"(?!\s*(?:typedef|static)\b)[^(=]*?(\w+)\s*\(([^()]*)\)", declaration)
+        if function:
+            yield function[1], [" ".join(parameter.split()) for parameter in function[2].split(",")]

@@ -1,4 +1,4 @@
-"""Every public header compiles alone and twice, as C and as C++, without a warning, and is part
+"""Every public header compiles alone and twice, as C99, C11 and C++, without a warning, and is part
 of its library's umbrella header.
 
 Usage: headers_compile_alone.py C_COMPILER...
@@ -10,15 +10,17 @@ import sys
 
 from headers import INCLUDE, headers
 
-LANGUAGES = [("c", "c11"), ("c++", "c++17"), ("c++", "c++20")]
+LANGUAGES = [("c", "c99"), ("c", "c11"), ("c++", "c++17"), ("c++", "c++20")]
+CPP_HEADER = "voxml.hpp"
+CPP_VARIANTS = [("-Wold-style-cast",), ("-Wold-style-cast", "-fno-exceptions", "-fno-rtti")]
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Wundef", "-Werror"]
 
 
 def complaints(case):
-    compiler, (language, standard), header = case
+    compiler, (language, standard), header, *options = case
     include = f'#include "{header}"\n'
     command = [compiler, "-fsyntax-only", f"-x{language}", f"-std={standard}", *WARNINGS,
-               f"-I{INCLUDE}", "-"]
+               *options, f"-I{INCLUDE}", "-"]
     result = subprocess.run(command, input=include * 2, text=True, capture_output=True)
     return f"{' '.join(command)} < {header}\n{result.stderr}" if result.returncode else ""
 
@@ -26,6 +28,8 @@ def complaints(case):
 compilers = [name for name in sys.argv[1:] if shutil.which(name)]
 cases = [(compiler, language, header)
          for compiler in compilers for language in LANGUAGES for header in headers()]
+cases += [(compiler, language, CPP_HEADER, *variant)
+          for compiler in compilers for language in LANGUAGES[2:] for variant in CPP_VARIANTS]
 with concurrent.futures.ThreadPoolExecutor() as pool:
     found = [text for text in pool.map(complaints, cases) if text]
 for library in ("vo", "xml"):

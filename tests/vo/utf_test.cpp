@@ -10,7 +10,7 @@ namespace {
 
 using test::naiveUtf8;
 
-/// The bytes in a block of exactly their size, so that a sanitizer sees a read beyond.
+/// The bytes in a block of exactly their size, so that a sanitizer reports a read beyond it.
 std::vector<char> block(std::string_view bytes) { return {bytes.begin(), bytes.end()}; }
 
 Ref<voString> decoded(std::string_view bytes) {

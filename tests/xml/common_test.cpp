@@ -110,6 +110,7 @@ TEST(CommonOperations, EveryTypeHasThem) {
     checkCommonOperations(TYPE(Attributes, XML_ATTRIBUTES, xmlAttributesCreate()));
     checkCommonOperations(TYPE(Cdata, XML_CDATA, xmlCdataCreate(str("a"))));
     checkCommonOperations(TYPE(Comment, XML_COMMENT, xmlCommentCreate(str("a"))));
+    checkCommonOperations(TYPE(Cursor, XML_CURSOR, xmlCursorCreate(Ref(xmlDocumentCreate()))));
     checkCommonOperations(TYPE(DecodeError, XML_DECODE_ERROR, xmlDecodeErrorCreate(0, nullptr)));
     checkCommonOperations(
         TYPE(DecodeResult, XML_DECODE_RESULT, xmlDecodeResultCreate(Ref(xmlDocumentCreate()))));

@@ -73,6 +73,7 @@ TEST(Object, OfThePlainTreeHasTheCommonOperations) {
     CHECK(XML_ELEMENT, Element, xmlElementCreate(name));
     CHECK(XML_DOCUMENT, Document, xmlDocumentCreate());
     CHECK(XML_OPTIONS, Options, xmlOptionsCreate());
+    CHECK(XML_CURSOR, Cursor, xmlCursorCreate(Ref(xmlDocumentCreate())));
 }
 
 TEST(Object, OfTheNamespaceTreeHasTheCommonOperations) {

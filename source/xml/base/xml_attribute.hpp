@@ -1,4 +1,4 @@
-// An attribute as the codecs see it.
+// The fields of an attribute, for code that builds or reads it in place.
 #pragma once
 
 #include "source/vo/vo_object.hpp"

@@ -18,7 +18,7 @@ inline bool operator==(const AttributeKey &a, const AttributeKey &b) {
     return vo::sameText(a.name, b.name) && vo::sameOptionalText(a.ns, b.ns);
 }
 
-/// Where each key of a run of attributes stands last.
+/// The last place of each key in a run of attributes.
 class LastPlaces {
   public:
     LastPlaces(int64_t begin, int64_t end) : first(begin), hashed(end - begin > mostScanned) {}
@@ -75,14 +75,14 @@ class LastPlaces {
     HashTable<Entry> places;
 };
 
-/// No two attributes of a list have one key, and the attribute placed last wins. A layer says what
-/// it is about:
+/// No two attributes of a list have one key: placing an attribute removes its duplicate. A layer
+/// tells the types and the key:
 ///
 ///     using List, Attribute;
 ///     static AttributeKey key(Attribute *);
 ///
-/// Changing functions take a list that is already private to the caller, and check nothing but
-/// indexes, which is the vector's doing.
+/// Functions that change a list take one that is already private to the caller. They check nothing
+/// themselves; the vector checks indexes.
 template <class Layer> struct AttributeList {
     using List = typename Layer::List;
     using Attribute = typename Layer::Attribute;
@@ -106,23 +106,24 @@ template <class Layer> struct AttributeList {
         return index < 0 ? nullptr : attribute(attrs->vector->items()[index]);
     }
 
-    /// Removes the older twin of the attribute just placed at `index`; returns where it stands now.
-    static int64_t removeTwin(List *attrs, int64_t index) {
+    /// Removes the older duplicate of the attribute just placed at `index`, if there is one;
+    /// returns where the new one stands now.
+    static int64_t removeDuplicate(List *attrs, int64_t index) {
         vo::Ref placed(at(attrs, index));
-        int64_t twin = indexOf(attrs, Layer::key(placed), index);
-        if (twin < 0) return index;
-        voVectorDelAt(&attrs->vector, twin);
-        return twin < index ? index - 1 : index;
+        int64_t duplicate = indexOf(attrs, Layer::key(placed), index);
+        if (duplicate < 0) return index;
+        voVectorDelAt(&attrs->vector, duplicate);
+        return duplicate < index ? index - 1 : index;
     }
 
     static void setAt(List *attrs, int64_t index, Attribute *attr) {
         voVectorSetObjAt(&attrs->vector, index, vo::obj(attr));
-        removeTwin(attrs, index);
+        removeDuplicate(attrs, index);
     }
 
     static void insert(List *attrs, int64_t index, Attribute *attr) {
         voVectorInsertObj(&attrs->vector, index, vo::obj(attr));
-        removeTwin(attrs, index);
+        removeDuplicate(attrs, index);
     }
 
     /// Replaces the attribute with the key of `attr`, or appends.
@@ -138,13 +139,13 @@ template <class Layer> struct AttributeList {
     static void insertAll(List *attrs, int64_t index, List *others) {
         int64_t count = others->vector->length;
         voVectorInsert(&attrs->vector, index, others->vector);
-        removeTwins(attrs, index, index + count);
+        removeDuplicates(attrs, index, index + count);
     }
 
     /// The same as appending the attributes of `vec` one by one to the empty list.
     static void assign(List *attrs, voVector *vec) {
         vo::assign(attrs->vector, vec);
-        removeTwins(attrs, 0, vec->length);
+        removeDuplicates(attrs, 0, vec->length);
     }
 
   private:
@@ -153,7 +154,7 @@ template <class Layer> struct AttributeList {
 
     /// Removes every attribute whose key stands again in the run from `begin` to `end` that was
     /// just placed, or later in that run. Takes time in proportion to the length of the list.
-    static void removeTwins(List *attrs, int64_t begin, int64_t end) {
+    static void removeDuplicates(List *attrs, int64_t begin, int64_t end) {
         voObj **items = attrs->vector->items();
         LastPlaces places(begin, end);
         for (int64_t i = begin; i < end; ++i)

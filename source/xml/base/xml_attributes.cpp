@@ -32,7 +32,7 @@ XML_ATTRIBUTE *find(XML_ATTRIBUTES *attrs, voString *name) {
 } // namespace
 
 int64_t xml___AttributesDeleteDuplicate(XML_ATTRIBUTES **attrs, int64_t index) {
-    return Attributes::removeTwin(VO_EDIT(attrs), index);
+    return Attributes::removeDuplicate(VO_EDIT(attrs), index);
 }
 
 // ---------------------------------------------------------------- the whole list

@@ -1,4 +1,4 @@
-// An attribute list as the codecs see it.
+// The fields of an attribute list, for code that builds or reads it in place.
 #pragma once
 
 #include "source/vo/vo_object.hpp"

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 extern "C" {
-int xml___CharIsSpace(uint32_t c);         ///< S, one character of it.
+int xml___CharIsSpace(uint32_t c);         ///< White space: a character of S.
 int xml___CharIsNameStartChar(uint32_t c); ///< NameStartChar.
 int xml___CharIsNameChar(uint32_t c);      ///< NameChar.
 int xml___CharIsPubidChar(uint32_t c);     ///< PubidChar.

@@ -1,5 +1,5 @@
-// What CDATA sections, comments and processing instructions have in common: a text that is written
-// as it is between fixed delimiters.
+// What texts, CDATA sections, comments and processing instructions have in common: a value and a
+// place.
 #pragma once
 
 #include "source/vo/vo_object.hpp"
@@ -10,7 +10,7 @@ namespace xml {
 struct CharacterData {
     voObj base;
     voString *value;
-    voParserLocation *location;
+    voParserLocation *location; ///< Null when it was not recorded.
 
     auto fields() { return std::tie(value, location); }
 };

@@ -1,6 +1,8 @@
 #include "xml/xml_element.h"
 
 #include "source/xml/base/xml_element.hpp"
+#include "source/xml/base/xml_item.hpp"
+#include "source/xml/base/xml_items.hpp"
 #include "source/xml/base/xml_object.hpp"
 #include "xml/xml_value.h"
 
@@ -40,6 +42,7 @@ void xmlElementSetItems(XML_ELEMENT **el, XML_ITEMS *items) {
     VO_ASSERT(items);
     assign(VO_EDIT(el)->items, items);
 }
+void xmlElementMakeAll(XML_ELEMENT *el) { xml::makeAll<XML_ITEM, XML_ELEMENT>(VO_READ(el)->items); }
 
 // ---------------------------------------------------------------- attributes
 

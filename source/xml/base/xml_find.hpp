@@ -36,17 +36,4 @@ inline const uint8_t *findAny(const uint8_t *at, const uint8_t *end, char a, cha
     return at;
 }
 
-/// Whether `length` bytes are the same at `a` and `b`, which lie before `end` with them.
-inline bool sameBytes(const uint8_t *a, const uint8_t *b, size_t length, const uint8_t *end) {
-#if defined(__SSE2__)
-    if (length <= 16 && end - a >= 16 && end - b >= 16) {
-        const __m128i same = _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i *>(a)),
-                                            _mm_loadu_si128(reinterpret_cast<const __m128i *>(b)));
-        const unsigned wanted = (1U << length) - 1;
-        return (unsigned(_mm_movemask_epi8(same)) & wanted) == wanted;
-    }
-#endif
-    return std::memcmp(a, b, length) == 0;
-}
-
 } // namespace xml

@@ -1,5 +1,6 @@
 #include "source/xml/base/xml_input.hpp"
 
+#include "source/vo/vo_utf.hpp"
 #include "source/xml/base/xml_skip.hpp"
 
 #include <algorithm>
@@ -11,28 +12,79 @@ using vo::Ref;
 namespace xml {
 namespace {
 
-/// How much of an input is looked at to find its character set, in bytes.
-constexpr int64_t headLength = 1024;
-
 constexpr voCharset unicodeCharsets[] = {
     VO_CHARSET_UTF_8,    VO_CHARSET_UTF_16BE, VO_CHARSET_UTF_16LE,
     VO_CHARSET_UTF_32BE, VO_CHARSET_UTF_32LE,
 };
 
-/// The head of an input in UTF-8.
-struct Head {
-    const uint8_t *at;
-    const uint8_t *end;
-
-    std::string_view bytes() const {
-        return {reinterpret_cast<const char *>(at), size_t(end - at)};
-    }
+/// What is left of the head of an input in UTF-8.
+struct Head : Piece {
     bool skip(std::string_view token) {
         if (!bytes().starts_with(token)) return false;
-        at += token.size();
+        begin += token.size();
         return true;
     }
 };
+
+Piece textOf(voBuffer *utf8) {
+    const uint8_t *begin = voBufferBacking(utf8);
+    return {begin, begin + voBufferLength(utf8)};
+}
+
+voCharset charsetNamed(std::string_view name) {
+    if (name == "UTF-8" || name == "utf-8") return VO_CHARSET_UTF_8; // most documents
+    return voCharsetFromIanaName(Ref(voStringTryCreateFromUtf8(name.data(), int64_t(name.size()))));
+}
+
+/// The character set that the declaration names, or nothing. `head` is what follows "<?xml". The
+/// search leaves it at the name "encoding" or at the first thing that is no setting.
+std::optional<voCharset> declaredCharset(Head &head) {
+    for (;;) {
+        head.begin = skipS(head.begin, head.end);
+        const uint8_t *nameEnd = skipName(head.begin, head.end);
+        const uint8_t *value = skipEq(nameEnd, head.end);
+        const uint8_t *valueEnd = skipAttValue(value, head.end);
+        if (nameEnd == head.begin || value == nameEnd || valueEnd == value) return std::nullopt;
+        if (Piece{head.begin, nameEnd}.bytes() == "encoding") {
+            const voCharset named = charsetNamed(Piece{value + 1, valueEnd - 1}.bytes());
+            return VO_CHARSET_OK(named) ? std::optional(named) : std::nullopt;
+        }
+        head.begin = valueEnd;
+    }
+}
+
+/// The declaration that a head begins with when it is read in `candidate`.
+Declaration declarationIfReadAs(voCharset candidate, voBuffer *head) {
+    Ref text(voCharsetTryConvertBufferToUtf8WithFlags(candidate, head, VO_CHARSET_FLAG_SNIFF));
+    if (!text) return {candidate, {}};
+    Head rest{textOf(text)};
+    rest.begin = skipS(rest.begin, rest.end);
+    if (!rest.skip("<?xml")) return {candidate, {}};
+    const bool isTarget = rest.begin < rest.end && isSpace(*rest.begin);
+    if (!isTarget && !rest.bytes().starts_with("?>")) return {candidate, {}};
+    return {candidate, std::move(text), rest};
+}
+
+/// The same without converting anything, for inputs that begin with a declaration in ASCII, as most
+/// do. Nothing when a byte that is not ASCII comes too early to be sure.
+std::optional<voCharset> charsetOfPlainHead(voBuffer *bytes) {
+    const uint8_t *begin = voBufferBacking(bytes);
+    Head head{begin, begin + std::min(voBufferLength(bytes), headLength)};
+    head.end = vo::skipAscii(head.begin, head.end);
+    if (!head.skip("<?xml") || head.begin == head.end || !isSpace(*head.begin)) return std::nullopt;
+    if (const auto named = declaredCharset(head)) return named;
+    return head.bytes().starts_with("?>") ? std::optional(VO_CHARSET_UTF_8) : std::nullopt;
+}
+
+std::optional<voCharset> findCharset(voBuffer *bytes) {
+    if (const auto charset = charsetOfPlainHead(bytes)) return charset;
+    const Declaration declaration = findDeclaration(bytes);
+    if (!declaration.buffer) return std::nullopt;
+    Head settings{declaration.settings};
+    return declaredCharset(settings).value_or(declaration.readable);
+}
+
+} // namespace
 
 Ref<voBuffer> headOf(voBuffer *bytes) {
     Ref head(vo::retained(bytes));
@@ -40,48 +92,25 @@ Ref<voBuffer> headOf(voBuffer *bytes) {
     return head;
 }
 
-/// The character set that the declaration names, or nothing. `head` follows the "<?xml".
-std::optional<voCharset> declaredCharset(Head head) {
-    for (;;) {
-        const uint8_t *name = skipS(head.at, head.end);
-        const uint8_t *nameEnd = skipName(name, head.end);
-        const uint8_t *value = skipEq(nameEnd, head.end);
-        const uint8_t *valueEnd = skipAttValue(value, head.end);
-        if (nameEnd == name || value == nameEnd || valueEnd == value) return std::nullopt;
-        if (Head{name, nameEnd}.bytes() == "encoding") {
-            Head iana{value + 1, valueEnd - 1};
-            voCharset named = voCharsetFromIanaName(
-                Ref(voStringTryCreateFromUtf8(iana.bytes().data(), valueEnd - value - 2)));
-            return VO_CHARSET_OK(named) ? std::optional(named) : std::nullopt;
-        }
-        head.at = valueEnd;
-    }
-}
-
-/// The character set of an input that begins with a declaration when read in `candidate`.
-std::optional<voCharset> charsetIfReadAs(voCharset candidate, voBuffer *bytes) {
-    Ref text(voCharsetTryConvertBufferToUtf8WithFlags(candidate, bytes, VO_CHARSET_FLAG_SNIFF));
-    if (!text) return std::nullopt;
-    Head head{voBufferBacking(text), voBufferBacking(text) + voBufferLength(text)};
-    head.at = skipS(head.at, head.end);
-    if (!head.skip("<?xml")) return std::nullopt;
-    if (head.at < head.end && isSpace(*head.at)) return declaredCharset(head).value_or(candidate);
-    return head.skip("?>") ? std::optional(candidate) : std::nullopt;
-}
-
-std::optional<voCharset> findCharset(voBuffer *bytes) {
+Declaration findDeclaration(voBuffer *bytes) {
     Ref head = headOf(bytes);
     for (voCharset candidate : unicodeCharsets)
-        if (auto charset = charsetIfReadAs(candidate, head)) return charset;
-    return std::nullopt;
+        if (Declaration found = declarationIfReadAs(candidate, head); found.buffer) return found;
+    return {VO_CHARSET_UTF_8, {}};
 }
 
-} // namespace
-
 Input readInput(voBuffer *bytes, voCharsetFlags flags) {
-    auto charset = findCharset(bytes);
+    const auto charset = findCharset(bytes);
     if (!charset) return {VO_CHARSET_UTF_8, {}};
-    return {*charset, Ref(voCharsetTryConvertBufferToUtf8WithFlags(*charset, bytes, flags))};
+    if (*charset == VO_CHARSET_UTF_8 && !(flags & VO_CHARSET_FLAG_SNIFF)) {
+        Head text{textOf(bytes)};
+        if (flags & VO_CHARSET_FLAG_BOM) text.skip("\xEF\xBB\xBF");
+        if (!vo___Utf8IsValid(text.begin, text.size())) return {*charset, {}};
+        return {*charset, Ref(vo::retained(bytes)), text};
+    }
+    Ref utf8(voCharsetTryConvertBufferToUtf8WithFlags(*charset, bytes, flags));
+    const Piece text = utf8 ? textOf(utf8) : Piece{};
+    return {*charset, std::move(utf8), text};
 }
 
 } // namespace xml

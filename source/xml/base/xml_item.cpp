@@ -38,14 +38,14 @@ XML_ITEM *xmlItemCreateCdata(XML_CDATA *cdata) {
     return xml___ItemCreate(XML_ITEM_TYPE_CDATA, xmlCdataObj(cdata));
 }
 
-XML_ITEM_TYPE xmlItemType(XML_ITEM *item) { return VO_READ(item)->type; }
-int xmlItemIsElement(XML_ITEM *item) { return VO_READ(item)->type == XML_ITEM_TYPE_ELEMENT; }
+XML_ITEM_TYPE xmlItemType(XML_ITEM *item) { return VO_READ(item)->type(); }
+int xmlItemIsElement(XML_ITEM *item) { return VO_READ(item)->type() == XML_ITEM_TYPE_ELEMENT; }
 int xmlItemIsProcessingInstruction(XML_ITEM *item) {
-    return VO_READ(item)->type == XML_ITEM_TYPE_PROCESSING_INSTRUCTION;
+    return VO_READ(item)->type() == XML_ITEM_TYPE_PROCESSING_INSTRUCTION;
 }
-int xmlItemIsComment(XML_ITEM *item) { return VO_READ(item)->type == XML_ITEM_TYPE_COMMENT; }
-int xmlItemIsText(XML_ITEM *item) { return VO_READ(item)->type == XML_ITEM_TYPE_TEXT; }
-int xmlItemIsCdata(XML_ITEM *item) { return VO_READ(item)->type == XML_ITEM_TYPE_CDATA; }
+int xmlItemIsComment(XML_ITEM *item) { return VO_READ(item)->type() == XML_ITEM_TYPE_COMMENT; }
+int xmlItemIsText(XML_ITEM *item) { return VO_READ(item)->type() == XML_ITEM_TYPE_TEXT; }
+int xmlItemIsCdata(XML_ITEM *item) { return VO_READ(item)->type() == XML_ITEM_TYPE_CDATA; }
 
 XML_ELEMENT *xmlItemElement(XML_ITEM *item) {
     return retained(held<XML_ELEMENT>(VO_READ(item), XML_ITEM_TYPE_ELEMENT));

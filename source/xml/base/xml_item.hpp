@@ -1,15 +1,21 @@
-// An item as the codecs see it.
+// The fields of an item, for code that builds or reads it in place.
 #pragma once
 
-#include "source/vo/vo_object.hpp"
+#include "source/xml/base/xml_item_content.hpp"
+#include "source/xml/outline/xml_outline.hpp"
 #include "xml/xml_item.h"
 
 struct XML_ITEM {
     voObj base;
-    XML_ITEM_TYPE type;
-    voObj *value; ///< The node; `type` says of which sort.
+    uint64_t tag;                             ///< See itemTag().
+    xml::OnDemand<voObj, xml::Outline> value; ///< The node; the type says of which sort.
 
-    auto fields() { return std::tie(type, value); }
+    auto fields() { return std::tie(tag, value); }
+    XML_ITEM_TYPE type() const { return xml::typeOf(tag); }
+    uint64_t number() const { return xml::numberOf(tag); }
+    bool isLast() const { return xml::isLast(tag); }
+    voObj *make(bool whole);
+    void complete() { (void)xml::nodeOf(this); }
 };
 
 extern "C" {

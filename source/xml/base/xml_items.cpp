@@ -3,9 +3,10 @@
 #include "source/xml/base/xml_items.hpp"
 #include "source/xml/base/xml_object.hpp"
 
-using vo::assign;
 using vo::Ref;
 using vo::retained;
+using xml::VectorEdit;
+using xml::vectorOf;
 
 XML_OBJECT(Items, XML_ITEMS, items);
 
@@ -13,22 +14,26 @@ XML_OBJECT(Items, XML_ITEMS, items);
 
 XML_ITEMS *xmlItemsCreate(void) {
     auto *items = vo::create<XML_ITEMS>(xmlItemsSort());
-    items->itemsVector = voVectorCreate();
+    items->itemsVector.set(voVectorCreate());
     return items;
 }
-int64_t xmlItemsLength(XML_ITEMS *items) { return voVectorLength(VO_READ(items)->itemsVector); }
-void xmlItemsClear(XML_ITEMS **items) { voVectorClear(&VO_EDIT(items)->itemsVector); }
-voVector *xmlItemsItemsVector(XML_ITEMS *items) { return retained(VO_READ(items)->itemsVector); }
+int64_t xmlItemsLength(XML_ITEMS *items) { return voVectorLength(vectorOf(VO_READ(items))); }
+void xmlItemsClear(XML_ITEMS **items) {
+    VO_ASSERT_REF(items);
+    xmlItemsSetItemsVector(items, Ref(voVectorCreate()));
+}
+voVector *xmlItemsItemsVector(XML_ITEMS *items) { return retained(vectorOf(VO_READ(items))); }
 void xmlItemsSetItemsVector(XML_ITEMS **items, voVector *vec) {
     VO_ASSERT_REF(items);
     VO_ASSERT(voVectorContainsOnly( vec, xmlItemSort() ));
-    assign(VO_EDIT(items)->itemsVector, vec);
+    if (!vo::isSole(*items)) xml::replace(items, xmlItemsCreate()); // a copy would be made first
+    (*items)->itemsVector.replace(retained(vec));
 }
 void xmlItemsInsert(XML_ITEMS **items, int64_t index, XML_ITEMS *source) {
     VO_ASSERT_REF(items);
     VO_ASSERT(source);
     Ref kept(retained(source)); // `source` may be the list itself
-    voVectorInsert(&VO_EDIT(items)->itemsVector, index, source->itemsVector);
+    voVectorInsert(VectorEdit(VO_EDIT(items)), index, vectorOf(source));
 }
 void xmlItemsPrepend(XML_ITEMS **items, XML_ITEMS *source) { xmlItemsInsert(items, 0, source); }
 void xmlItemsAppend(XML_ITEMS **items, XML_ITEMS *source) {
@@ -39,20 +44,20 @@ void xmlItemsAppend(XML_ITEMS **items, XML_ITEMS *source) {
 // ---------------------------------------------------------------- items
 
 XML_ITEM *xmlItemsItemAt(XML_ITEMS *items, int64_t index) {
-    return xmlItemFrom(voVectorObjAt(VO_READ(items)->itemsVector, index));
+    return xmlItemFrom(voVectorObjAt(vectorOf(VO_READ(items)), index));
 }
 void xmlItemsSetItemAt(XML_ITEMS **items, int64_t index, XML_ITEM *item) {
     VO_ASSERT_REF(items);
     VO_ASSERT(item);
-    voVectorSetObjAt(&VO_EDIT(items)->itemsVector, index, xmlItemObj(item));
+    voVectorSetObjAt(VectorEdit(VO_EDIT(items)), index, xmlItemObj(item));
 }
 void xmlItemsDelItemAt(XML_ITEMS **items, int64_t index) {
-    voVectorDelAt(&VO_EDIT(items)->itemsVector, index);
+    voVectorDelAt(VectorEdit(VO_EDIT(items)), index);
 }
 void xmlItemsInsertItem(XML_ITEMS **items, int64_t index, XML_ITEM *item) {
     VO_ASSERT_REF(items);
     VO_ASSERT(item);
-    voVectorInsertObj(&VO_EDIT(items)->itemsVector, index, xmlItemObj(item));
+    voVectorInsertObj(VectorEdit(VO_EDIT(items)), index, xmlItemObj(item));
 }
 void xmlItemsPrependItem(XML_ITEMS **items, XML_ITEM *item) { xmlItemsInsertItem(items, 0, item); }
 void xmlItemsAppendItem(XML_ITEMS **items, XML_ITEM *item) {

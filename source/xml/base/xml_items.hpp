@@ -1,12 +1,17 @@
-// An item list as the codecs see it.
+// The fields of an item list, for code that builds or reads it in place.
 #pragma once
 
-#include "source/vo/vo_object.hpp"
+#include "source/xml/base/xml_item_content.hpp"
+#include "source/xml/outline/xml_outline.hpp"
 #include "xml/xml_items.h"
 
 struct XML_ITEMS {
     voObj base;
-    voVector *itemsVector; ///< Of XML_ITEM.
+    xml::OnDemand<voVector, xml::Outline> itemsVector; ///< Of XML_ITEM.
+    uint64_t
+        element; ///< While the vector is pending: the number of the element that has the items.
 
     auto fields() { return std::tie(itemsVector); }
+    voVector *make(bool whole);
+    void complete() { (void)xml::vectorOf(this); }
 };

@@ -1,5 +1,6 @@
 #include "xml/xml_module.h"
 
+#include "source/vo/vo_layout.hpp"
 #include "source/vo/vo_module.hpp"
 #include "source/xml/base/xml_module.hpp"
 #include "xml/xml_ns_builtin_namespaces.h"
@@ -28,7 +29,7 @@ constinit const xml::ModuleRecord xml___module_record = {
 };
 
 constinit const char *const xml___module_version_string =
-    "###BUILD### " PRODUCT_NAME "-" VOXML_VERSION " (" VOXML_SYSTEM ", " VOXML_PROCESSOR
+    "###BUILD### " PRODUCT_NAME "-" VOXML_VERSION_TEXT " (" VOXML_SYSTEM ", " VOXML_PROCESSOR
     ", " VOXML_BUILD_TYPE "), " MODULE_NAME " " MODULE_VERSION;
 
 constinit voModule xml___module = {
@@ -41,7 +42,13 @@ constinit voModule xml___module = {
     .users = 0,
 };
 
-voModule *xmlModule(void) { return &xml___module; }
+// Programs come here before the runtime reads the module object or anything else of this library.
+voModule *xmlModule(void) {
+    VO_ASSERT_IN("libvo and libvoxml are not of the same build", vo___Layout() == vo::layout);
+    return &xml___module;
+}
+
+int64_t voxmlVersion(void) { return VOXML_VERSION; }
 
 int xml___ModuleStartup(void) {
     xml___FlagsStartup();
@@ -49,10 +56,12 @@ int xml___ModuleStartup(void) {
     xml___DecodeErrorCodeStartup();
     xml___NsDecodeErrorCodeStartup();
     xml___NsBuiltinNamespacesStartup();
+    xml___TakenItemsStartup();
     return 1;
 }
 
 void xml___ModuleShutdown(void) {
+    xml___TakenItemsShutdown();
     xml___NsBuiltinNamespacesShutdown();
     xml___NsDecodeErrorCodeShutdown();
     xml___DecodeErrorCodeShutdown();

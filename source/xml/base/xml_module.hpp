@@ -59,4 +59,7 @@ void xml___DecodeErrorCodeShutdown(void);
 extern voEnum *xml___NsDecodeErrorCodeEnum;
 void xml___NsDecodeErrorCodeStartup(void);
 void xml___NsDecodeErrorCodeShutdown(void);
+
+void xml___TakenItemsStartup(void);
+void xml___TakenItemsShutdown(void);
 }

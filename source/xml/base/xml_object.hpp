@@ -7,7 +7,7 @@
 #define XML_OBJECT(Name, T, param)                                                                 \
     VO_OBJECT(xml##Name, T, xml___sort_##T, xml___##Name##FreeFunc, &xml___module, param)
 
-/// For a type that never changes: everything but CreateFrom.
+/// For a type that never changes: all common operations but CreateFrom.
 #define XML_CONSTANT_OBJECT(Name, T, param)                                                        \
     VO_CONSTANT_OBJECT(xml##Name, T, xml___sort_##T, xml___##Name##FreeFunc, &xml___module, param)
 

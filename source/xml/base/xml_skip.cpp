@@ -2,7 +2,7 @@
 
 #include "source/vo/vo_object.hpp"
 
-// The checks are macros' work: they tell the unit and the condition.
+// A macro, so that the abort text names this file and the condition.
 #define XML_CHECK_RUN() (VO_ASSERT(length >= 0), VO_ASSERT(length == 0 || chs))
 
 int64_t xml___SkipS(const uint32_t *chs, int64_t length) {

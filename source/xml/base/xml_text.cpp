@@ -4,8 +4,7 @@
 #include "source/vo/vo_int.hpp"
 #include "source/xml/base/xml_object.hpp"
 #include "source/xml/base/xml_quoting.hpp"
-#include "source/xml/base/xml_skip.hpp"
-#include "source/xml/base/xml_text.hpp"
+#include "source/xml/base/xml_reference.hpp"
 #include "xml/xml_value.h"
 
 #include <algorithm>
@@ -28,32 +27,18 @@ namespace {
 
 using Chars = std::span<const uint32_t>;
 
-constexpr struct {
-    Chars reference;
-    uint32_t ch;
-} entities[] = {
-    {xml___EntityLt, '<'},   {xml___EntityGt, '>'},    {xml___EntityAmp, '&'},
-    {xml___EntityQuot, '"'}, {xml___EntityApos, '\''},
-};
-
-/// What a reference to an entity stands for; 0 unless the entity is predefined.
-uint32_t charOf(Chars reference) {
-    for (auto &entity : entities)
-        if (std::ranges::equal(entity.reference, reference)) return entity.ch;
-    return 0;
-}
-
 /// The reference for a character that has one.
 Chars referenceTo(uint32_t ch) {
-    return std::ranges::find(entities, ch, [](auto &entity) { return entity.ch; })->reference;
+    const auto charOf = [](auto &entity) { return entity.ch; };
+    return std::ranges::find(xml::predefinedEntities, ch, charOf)->reference;
 }
 
 Chars charsOf(voString *string) { return {string->items(), size_t(string->length)}; }
 
 int64_t count(Chars chars, uint32_t ch) { return std::ranges::count(chars, ch); }
 
-/// Writes a new string into memory of its own, without a check per character: what is written must
-/// fit into the announced length.
+/// Writes a new string into memory of its own, without a check for each character: the caller must
+/// not write more than the length that it has announced.
 class Writer {
   public:
     explicit Writer(int64_t mostChars)
@@ -71,11 +56,12 @@ class Writer {
         for (uint32_t ch : chars)
             needsEscape(ch) ? put(referenceTo(ch)) : put(ch);
     }
-    voString *take() { return voStringCreateFromCharsUse(std::exchange(begin, nullptr), length()); }
+    voString *take() {
+        const int64_t length = at - begin;
+        return voStringCreateFromCharsUse(std::exchange(begin, nullptr), length);
+    }
 
   private:
-    int64_t length() const { return at - begin; }
-
     uint32_t *begin;
     uint32_t *at;
 };
@@ -88,21 +74,6 @@ voString *createEscaped(voString *vos) {
     Writer out(vos->length + growth);
     out.putEscaped(plain, [](uint32_t ch) { return ch == '<' || ch == '&'; });
     return out.take();
-}
-
-/// The reference at the beginning of `chars`, which must have one there.
-struct Reference {
-    int64_t length;
-    uint32_t ch; ///< 0 for an entity that is not predefined.
-};
-Reference referenceAt(Chars chars) {
-    int64_t size = int64_t(chars.size());
-    int64_t length = xml___SkipEntityRef(chars.data(), size);
-    if (length) return {length, charOf(chars.first(size_t(length)))};
-    uint32_t ch = 0;
-    length = xml___SkipCharRef(chars.data(), size, &ch);
-    if (!length) VO_UNREACHABLE();
-    return {length, ch};
 }
 
 } // namespace
@@ -144,19 +115,9 @@ void xmlTextSetEscape(XML_TEXT **text, voString *vos) {
 
 voString *xmlTextTryUnescape(XML_TEXT *text) {
     voString *value = VO_READ(text)->value;
-    Chars rest = charsOf(value);
-    if (!count(rest, '&')) return retained(value);
+    if (!count(charsOf(value), '&')) return retained(value);
     Writer out(value->length);
-    for (;;) {
-        size_t plain = size_t(std::ranges::find(rest, uint32_t{'&'}) - rest.begin());
-        out.put(rest.first(plain));
-        rest = rest.subspan(plain);
-        if (rest.empty()) return out.take();
-        Reference reference = referenceAt(rest);
-        if (!reference.ch) return nullptr;
-        out.put(reference.ch);
-        rest = rest.subspan(size_t(reference.length));
-    }
+    return xml::unescape(charsOf(value), out) ? out.take() : nullptr;
 }
 
 voString *xml___TextAttributify(XML_TEXT *text) {

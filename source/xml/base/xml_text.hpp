@@ -1,16 +1,11 @@
-// A text as the codecs see it.
+// The fields of a text, for code that builds or reads it in place.
 #pragma once
 
-#include "source/vo/vo_object.hpp"
+#include "source/xml/base/xml_character_data.hpp"
 #include "xml/xml_text.h"
 
-struct XML_TEXT {
-    voObj base;
-    voString *value;            ///< Escaped: satisfies xmlValueTextOk().
-    voParserLocation *location; ///< Null when it was not recorded.
-
-    auto fields() { return std::tie(value, location); }
-};
+/// The value is escaped: it satisfies xmlValueTextOk().
+struct XML_TEXT : xml::CharacterData {};
 
 extern "C" {
 // The predefined entity references, as code points without a terminator.

@@ -19,6 +19,14 @@ void Writer::quoted(voString *value) {
         ascii("\"");
 }
 
+void Writer::quoted(Piece value) {
+    // It lacks the quote that it stood in, so none inside needs to be escaped.
+    const std::string_view quote = value.bytes().find('"') == value.bytes().npos ? "\"" : "'";
+    ascii(quote);
+    bytes(value);
+    ascii(quote);
+}
+
 /// Quotes the value that was written from `begin` on, behind a quotation mark, as it needs.
 void Writer::requote(size_t begin) {
     const uint8_t *at = out.written().data() + begin;

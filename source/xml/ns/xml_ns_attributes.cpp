@@ -33,7 +33,7 @@ XML_NS_ATTRIBUTE *find(XML_NS_ATTRIBUTES *attrs, voString *localName, voString *
 } // namespace
 
 int64_t xml___NsAttributesDeleteDuplicate(XML_NS_ATTRIBUTES **attrs, int64_t index) {
-    return Attributes::removeTwin(VO_EDIT(attrs), index);
+    return Attributes::removeDuplicate(VO_EDIT(attrs), index);
 }
 
 // ---------------------------------------------------------------- the whole list

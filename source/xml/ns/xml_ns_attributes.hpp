@@ -1,4 +1,4 @@
-// A namespace attribute list as the codecs see it.
+// The fields of a namespace attribute list, for code that builds or reads it in place.
 #pragma once
 
 #include "source/vo/vo_object.hpp"

@@ -15,7 +15,8 @@ template <class T> std::span<T *> objectsIn(voVector *vector) {
     return {reinterpret_cast<T **>(vector->items()), size_t(vector->length)};
 }
 
-/// Another holder for an object that nobody else knows yet: counts without an atomic operation.
+/// A further reference to an object that no other thread knows yet, so that counting needs no
+/// atomic operation.
 template <class T> T *share(T *own) {
     auto &refs = vo::obj(own)->refs;
     refs.store(refs.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
@@ -56,8 +57,8 @@ class VectorPlacer : public vo::ChunkPlacer {
     voSort *sort = voVectorSort();
 };
 
-/// Keeps what was found out about strings lately, by their addresses: most names of a document are
-/// the same few string objects.
+/// A small cache by the addresses of strings: most names of a document are the same few string
+/// objects.
 template <class Entry> class Recent {
   public:
     /// The entry for a pair of addresses; it may be about another pair.
@@ -67,8 +68,8 @@ template <class Entry> class Recent {
     }
 
   private:
-    static constexpr int indexBits = 8;
-    std::array<Entry, size_t{1} << indexBits> entries;
+    static constexpr int indexBits = 6;
+    std::array<Entry, size_t{1} << indexBits> entries{};
 };
 
 } // namespace xml

@@ -2,309 +2,198 @@
 
 #include "source/xml/base/xml_attribute.hpp"
 #include "source/xml/base/xml_attributes.hpp"
+#include "source/xml/base/xml_document.hpp"
 #include "source/xml/base/xml_element.hpp"
-#include "source/xml/base/xml_item.hpp"
 #include "source/xml/base/xml_items.hpp"
-#include "source/xml/ns/xml_ns_attribute.hpp"
-#include "source/xml/ns/xml_ns_attributes.hpp"
-#include "source/xml/ns/xml_ns_conversion.hpp"
+#include "source/xml/base/xml_module.hpp"
+#include "source/xml/base/xml_text.hpp"
 #include "source/xml/ns/xml_ns_document.hpp"
-#include "source/xml/ns/xml_ns_element.hpp"
-#include "source/xml/ns/xml_ns_item.hpp"
-#include "source/xml/ns/xml_ns_items.hpp"
-#include "source/xml/ns/xml_ns_namespace_map.hpp"
-#include "source/xml/ns/xml_ns_scope.hpp"
+#include "source/xml/ns/xml_ns_encoding.hpp"
+#include "source/xml/ns/xml_ns_prefixes.hpp"
+#include "source/xml/ns/xml_ns_walk.hpp"
+#include "source/xml/outline/xml_outline_text.hpp"
 #include "xml/xml_ns_builtin_namespaces.h"
 
 #include <algorithm>
+#include <new>
 
 using vo::Ref;
 using vo::retained;
-using xml::Binding;
-using xml::mappingsOf;
 using xml::Namespace;
-using xml::objectsIn;
+using xml::NsMappings;
+using xml::NsWalkLevel;
 using xml::share;
 
 namespace {
 
 using Mapping = XML_NS_NAMESPACE_MAPPING;
-using Mappings = std::span<Mapping *const>;
 
-/// The number in letters, a being the digit 0.
-Ref<voString> prefixOf(int64_t number) {
-    uint32_t letters[16];
-    size_t first = std::size(letters);
-    do {
-        letters[--first] = 'a' + uint32_t(number % 26);
-        number /= 26;
-    } while (number > 0);
-    return Ref(voStringCreateFromCharsCopy(letters + first, int64_t(std::size(letters) - first)));
-}
-
-/// `prefix`, a colon and `local`.
-Ref<voString> join(voString *prefix, voString *local) {
-    Ref joined(vo::createArray<voString>(voStringSort(), prefix->length + 1 + local->length));
-    uint32_t *at = std::copy_n(prefix->items(), prefix->length, joined->items());
+/// `prefix`, a colon and `local`; only `local` without a prefix.
+Ref<voString> join(voString *optionalPrefix, voString *local) {
+    if (!optionalPrefix) return Ref(retained(local));
+    Ref joined(
+        vo::createArray<voString>(voStringSort(), optionalPrefix->length + 1 + local->length));
+    uint32_t *at = std::copy_n(optionalPrefix->items(), optionalPrefix->length, joined->items());
     *at++ = ':';
     std::copy_n(local->items(), local->length, at);
     return joined;
 }
 
-/// The scope of an encoder. Namespaces are found by the addresses of their names first: most names
-/// of a document are the same few string objects.
-class NamedScope : public xml::Scope {
-  public:
-    Namespace &named(voString *name) {
-        Found &found = recent.at(name);
-        if (found.name != name) found = {name, &ns(name)};
-        return *found.ns;
-    }
+XML_TEXT *createValue(const Mapping *mapping) {
+    return mapping->ns ? xmlTextCreateEscape(mapping->ns) : xmlTextCreate();
+}
 
-    void bindAll(Mappings mappings) {
-        for (Mapping *mapping : mappings)
-            bind(mapping);
-    }
+Ref<voString> stringOf(voString *string) { return Ref(retained(string)); }
+Ref<voString> stringOf(xml::Piece piece) { return Ref(xml::createString(piece)); }
 
-  private:
-    struct Found {
-        voString *name = nullptr;
-        Namespace *ns = nullptr;
-    };
-    xml::Recent<Found> recent;
+bool isXmlns(voString *name) {
+    static constexpr uint32_t xmlns[] = {'x', 'm', 'l', 'n', 's'};
+    return std::ranges::equal(xmlns, std::span(name->items(), size_t(name->length)));
+}
+bool isXmlns(xml::Piece name) { return name.bytes() == "xmlns"; }
+
+struct GatherLevel : NsWalkLevel {
+    size_t mark = 0; ///< What was bound before the element.
 };
 
 /// Finds the namespaces of a document that no map binds where they are used.
-class Gatherer {
+class Gatherer : public xml::NsWalk<Gatherer, GatherLevel> {
   public:
-    explicit Gatherer(NamedScope &scopeAround) : scope(scopeAround) {}
+    using Level = GatherLevel;
+    static constexpr bool readsRecords = true;
+
+    explicit Gatherer(xml::NamedScope &scopeAround) : scope(scopeAround) {}
 
     /// The namespaces that need a prefix, in document order. From then on the scope knows every
     /// prefix that the document declares.
     vo::Vec<Namespace *> run(XML_NS_ITEMS *items) {
-        enter(items, scope.mark());
-        while (!open.empty()) {
-            Open &list = open.back();
-            if (list.next == list.items.size()) {
-                scope.undo(list.mark);
-                open.pop_back();
-            } else if (XML_NS_ITEM *item = list.items[list.next++];
-                       item->type == XML_ITEM_TYPE_ELEMENT) {
-                element(reinterpret_cast<XML_NS_ELEMENT *>(item->value));
-            }
-        }
+        walk(items);
         return std::move(unbound);
     }
 
+    template <class Element> void element(const Element &el, Level &level) {
+        level.mark = scope.mark();
+        if (Ref map = el.declared(); map) {
+            scope.bindAll(xml::mappingsOf(map));
+            kept.push_back(std::move(map));
+        }
+        if (voString *ns = el.ns(); ns && !scope.named(ns).first()) gather(ns);
+        for (size_t i = 0, count = el.attributes(); i < count; ++i) {
+            voString *ns = el.isAttribute(i) ? el.ns(i) : nullptr;
+            if (ns && !scope.named(ns).firstPrefixed()) gather(ns);
+        }
+    }
+    void entered(Level &, int64_t) {}
+    void left(Level &level) {
+        if (levels().size() > 1) scope.undo(level.mark);
+    }
+    void node(XML_NS_ITEM *) {}
+    void node(const xml::Outline &, const xml::Node &) {}
+
   private:
-    struct Open {
-        std::span<XML_NS_ITEM *> items;
-        size_t next;
-        size_t mark; ///< What the scope held before the element of the list.
-    };
-
-    void enter(XML_NS_ITEMS *items, size_t mark) {
-        open.push_back({objectsIn<XML_NS_ITEM>(items->itemsVector), 0, mark});
-    }
-
-    void element(XML_NS_ELEMENT *el) {
-        const size_t mark = scope.mark();
-        if (el->namespaceMap) scope.bindAll(mappingsOf(el->namespaceMap));
-        if (el->ns && !scope.named(el->ns).first()) gather(el->ns);
-        for (XML_NS_ATTRIBUTE *attr : objectsIn<XML_NS_ATTRIBUTE>(el->attributes->vector))
-            if (attr->ns && !scope.named(attr->ns).firstPrefixed()) gather(attr->ns);
-        enter(el->items, mark);
-    }
-
     void gather(voString *name) {
         Namespace &ns = scope.named(name);
         if (std::exchange(ns.isGathered, true)) return;
         if (!xml___NsBuiltinNamespacesIsXmlNamespace(name)) unbound.push_back(&ns);
     }
 
-    NamedScope &scope;
-    vo::Vec<Open> open;
+    xml::NamedScope &scope;
     vo::Vec<Namespace *> unbound;
+    vo::Vec<Ref<XML_NS_NAMESPACE_MAP>> kept; ///< Maps whose mappings the scope borrows.
 };
 
-/// Converts one document. Every new object is put into its place in the tree at once.
-class Encoder {
-  public:
-    Encoder() {
-        noAttributes->vector = place.vector(0);
-        noItems->itemsVector = place.vector(0);
-        scope.at(xmlPrefix); // No generated prefix is one of these.
-        scope.at(xmlnsPrefix);
-        scope.bind(noDefault);
-    }
+struct EncodeLevel : NsWalkLevel {
+    xml::PrefixChoice::Change change;
+};
 
-    XML_DOCUMENT *run(XML_NS_DOCUMENT *doc, XML_NS_NAMESPACE_MAP *optionalAround,
-                      XML_NS_NAMESPACE_MAP *optionalRoot) {
-        if (optionalAround) scope.bindAll(mappingsOf(optionalAround));
-        const size_t around = scope.mark();
-        if (optionalRoot) scope.bindAll(mappingsOf(optionalRoot));
-        const auto unbound = Gatherer(scope).run(doc->items);
-        scope.undo(around);
-        if (optionalRoot) append(topDeclarations, mappingsOf(optionalRoot));
-        generatePrefixes(unbound);
-
-        XML_DOCUMENT *document = xmlDocumentCreate();
-        xmlDocumentSetVersion(&document, doc->version);
-        xmlDocumentSetCharset(&document, doc->charset);
-        xmlDocumentSetStandalone(&document, doc->standalone);
-        xmlDocumentSetItems(&document, items(doc->items, around, nullptr));
-        content();
-        return document;
-    }
-
-  private:
-    /// A list of items; each element in it declares `pendingDefault`, unless null, as well.
-    struct Open : xml::OpenList {
-        Mapping *pendingDefault;
-    };
-
-    /// Declarations for the elements at the top. A prefix that the scope has ever seen is taken.
-    void generatePrefixes(const vo::Vec<Namespace *> &unbound) {
-        int64_t number = 0;
-        for (const Namespace *ns : unbound) {
-            Ref prefix = prefixOf(number++);
-            while (scope.find(prefix))
-                prefix = prefixOf(number++);
-            Ref mapping(xmlNsNamespaceMappingCreate());
-            xmlNsNamespaceMappingSetPrefix(mapping.edit(), prefix);
-            xmlNsNamespaceMappingSetNamespace(mapping.edit(), ns->key);
-            topDeclarations.push_back(mapping);
-            generated.push_back(std::move(mapping));
+/// What both ways of encoding share: the walk, and the names that elements and attributes get.
+template <class Target, class Level> class Encoder : public xml::NsWalk<Target, Level> {
+  protected:
+    explicit Encoder(const xml::NsEncoding &encoding) {
+        if (encoding.optionalAround) names.scope.bindAll(xml::mappingsOf(encoding.optionalAround));
+        const size_t around = names.scope.mark();
+        if (encoding.optionalRoot) {
+            const auto root = xml::mappingsOf(encoding.optionalRoot);
+            names.scope.bindAll(root);
+            names.top.assign(root.begin(), root.end());
         }
+        Gatherer gatherer(names.scope);
+        const auto unbound = gatherer.run(encoding.items);
+        names.scope.undo(around);
+        names.generate(unbound);
     }
 
-    /// A list for the converted items, which are left to do.
-    Ref<XML_ITEMS> items(XML_NS_ITEMS *plain, size_t mark, Mapping *pendingDefault) {
-        if (plain->itemsVector->length == 0) {
-            scope.undo(mark);
-            return Ref(share<XML_ITEMS>(noItems));
-        }
-        Ref list(place.create<XML_ITEMS>(sorts.items));
-        list->itemsVector = place.vector(plain->itemsVector->length);
-        open.push_back({{plain->itemsVector, list->itemsVector, mark}, pendingDefault});
-        return list;
+    /// Binds the prefixes that the element declares.
+    template <class Element> void declare(const Element &el, Level &level) {
+        const auto &levels = this->levels();
+        Mapping *const cancelled = levels[levels.size() - 2].change.cancelled;
+        const NsMappings pending =
+            levels.size() == 2 ? NsMappings(names.top) : NsMappings(&cancelled, cancelled ? 1 : 0);
+        level.change = names.enter(el.declared(), el.ns() != nullptr, pending);
     }
 
-    void content() {
-        while (!open.empty()) {
-            const Open list = open.back();
-            if (list.atEnd()) {
-                scope.undo(list.mark);
-                open.pop_back();
-            } else {
-                item(reinterpret_cast<XML_NS_ITEM *>(list.next()), list.to);
-            }
-        }
+    void leave(const Level &level) {
+        if (this->levels().size() > 1) names.leave(level.change);
     }
 
-    void item(XML_NS_ITEM *plain, voVector *to) {
-        voObj *node = plain->type == XML_ITEM_TYPE_ELEMENT
-                          ? vo::obj(element(reinterpret_cast<XML_NS_ELEMENT *>(plain->value)))
-                          : retained(plain->value);
-        auto *made = place.create<XML_ITEM>(sorts.item);
-        made->type = plain->type;
-        made->value = node;
-        place.push(to, made);
-    }
-
-    /// The element without its content, which is left to do.
-    XML_ELEMENT *element(XML_NS_ELEMENT *el) {
-        const size_t mark = scope.mark();
-        declare(el->namespaceMap);
-        Mapping *cancelled = el->ns ? nullptr : cancelDefault();
-        auto *made = place.create<XML_ELEMENT>(sorts.element);
-        made->name = elementName(el).take();
-        made->attributes = attributes(el->attributes).take();
-        made->location = nullptr;
-        made->items = items(el->items, mark, cancelled).take();
-        return made;
-    }
-
-    /// Binds what an element declares: what is pending where it stands, but for the prefixes in
-    /// its own map, and that map.
-    void declare(XML_NS_NAMESPACE_MAP *optionalOwn) {
-        declarations.clear();
-        for (Mapping *mapping : pending())
-            if (!optionalOwn || !xml::findMapping(optionalOwn, mapping->prefix))
-                declarations.push_back(mapping);
-        if (optionalOwn) append(declarations, mappingsOf(optionalOwn));
-        scope.bindAll(declarations);
-    }
-
-    Mappings pending() const {
-        if (open.size() == 1) return topDeclarations;
-        Mapping *const &mapping = open.back().pendingDefault;
-        return {&mapping, mapping ? size_t{1} : size_t{0}};
-    }
-
-    /// Makes sure that no default namespace is in force. Returns what bound one, or null.
-    Mapping *cancelDefault() {
-        Mapping *cancelled = scope.forDefault().state.mapping;
-        if (!cancelled->ns) return nullptr;
-        std::erase_if(declarations, [](const Mapping *mapping) { return !mapping->prefix; });
-        declarations.push_back(noDefault);
-        scope.bind(noDefault);
-        return cancelled;
-    }
-
-    Ref<voString> elementName(XML_NS_ELEMENT *el) {
-        if (!el->ns) return Ref(retained(el->localName));
-        const Binding *binding = scope.named(el->ns).first();
-        const Mapping *mapping = binding ? binding->state.mapping : nullptr;
-        if (!mapping && isXml(el->ns)) return qualified(xmlPrefix, el->localName);
-        VO_ASSERT(mapping);
-        if (!mapping->prefix) return Ref(retained(el->localName));
-        return qualified(mapping->prefix, el->localName);
-    }
-
-    Ref<voString> attributeName(XML_NS_ATTRIBUTE *attr) {
-        if (!attr->ns) return Ref(retained(attr->localName));
-        const Binding *binding = scope.named(attr->ns).firstPrefixed();
-        voString *nsPrefix = binding ? binding->state.mapping->prefix : nullptr;
-        if (!nsPrefix && isXml(attr->ns)) nsPrefix = xmlPrefix;
-        VO_ASSERT(nsPrefix);
-        return qualified(nsPrefix, attr->localName);
-    }
-
-    bool isXml(voString *ns) { return &scope.named(ns) == xmlNamespace; }
-
-    Ref<voString> qualified(voString *prefix, voString *local) {
-        Joined &known = names.at(prefix, local);
-        if (known.prefix != prefix || known.local != local)
-            known = {prefix, local, join(prefix, local)};
+    Ref<voString> qualified(voString *optionalPrefix, voString *local) {
+        if (!optionalPrefix) return Ref(retained(local));
+        Joined &known = joined.at(optionalPrefix, local);
+        if (known.prefix != optionalPrefix || known.local != local)
+            known = {stringOf(optionalPrefix), stringOf(local), join(optionalPrefix, local)};
         return Ref(retained<voString>(known.name));
     }
 
+    /// Whether attributes of the element may be duplicates once their names have prefixes. In one
+    /// element each namespace has one prefix, so different names stay different, unless a map binds
+    /// "xml" or an attribute has a name that only declarations should have.
+    template <class Element> bool mayHaveDuplicates(const Element &el) {
+        for (size_t i = 0, count = el.attributes(); i < count; ++i) {
+            if (!el.isAttribute(i)) continue;
+            voString *prefix = names.attributePrefix(el.ns(i));
+            if (prefix == names.xmlPrefix ? names.bindsXml()
+                : prefix                  ? isXmlns(prefix)
+                                          : isXmlns(el.local(i)))
+                return true;
+        }
+        return false;
+    }
+
     /// The attributes and, behind them, the declarations.
-    Ref<XML_ATTRIBUTES> attributes(XML_NS_ATTRIBUTES *plain) {
-        const int64_t count = plain->vector->length + std::ssize(declarations);
+    template <class Element> Ref<XML_ATTRIBUTES> attributes(const Element &el) {
+        const size_t count = el.attributes() + names.declarations().size();
         if (count == 0) return Ref(share<XML_ATTRIBUTES>(noAttributes));
         Ref list(place.create<XML_ATTRIBUTES>(sorts.attributes));
-        list->vector = place.vector(count);
-        bool clash = false;
-        for (XML_NS_ATTRIBUTE *attr : objectsIn<XML_NS_ATTRIBUTE>(plain->vector)) {
-            Ref name = attributeName(attr);
-            clash |= mayClash(name);
-            place.push(list->vector, attribute(std::move(name), retained(attr->text)));
+        list->vector = place.vector(int64_t(count));
+        for (size_t i = 0; i < el.attributes(); ++i) {
+            if (!el.isAttribute(i)) continue;
+            Ref name = qualified(names.attributePrefix(el.ns(i)), stringOf(el.local(i)));
+            place.push(list->vector, attribute(std::move(name), el.createText(i)));
         }
-        for (const Mapping *mapping : declarations)
-            place.push(list->vector, declaration(mapping));
-        if (clash) xmlAttributesSetVector(list.edit(), Ref(retained(list->vector)));
+        for (const Mapping *mapping : names.declarations()) {
+            Ref name =
+                mapping->prefix ? qualified(xmlnsPrefix, mapping->prefix) : stringOf(xmlnsPrefix);
+            place.push(list->vector, attribute(std::move(name), createValue(mapping)));
+        }
+        if (mayHaveDuplicates(el)) xmlAttributesSetVector(list.edit(), Ref(retained(list->vector)));
         return list;
     }
 
-    /// Whether an attribute's name may come twice. Prefixes and namespaces go together one to one
-    /// in an element, so names are as different as before, unless a map binds "xml" or the name is
-    /// one that declarations have.
-    static bool mayClash(voString *name) {
-        static constexpr uint32_t xml[] = {'x', 'm', 'l'};
-        return name->length > 3 && std::equal(xml, xml + 3, name->items());
-    }
+    /// Looked up once, since getting a sort is a call into a library.
+    struct Sorts {
+        voSort *item = xmlItemSort(), *items = xmlItemsSort(), *element = xmlElementSort(),
+               *attribute = xmlAttributeSort(), *attributes = xmlAttributesSort();
+    };
+
+    Sorts sorts;
+    xml::VectorPlacer place;
+    xml::PrefixChoice names;
+
+  private:
+    /// A name that was joined a short time ago.
+    struct Joined {
+        Ref<voString> prefix, local, name;
+    };
 
     XML_ATTRIBUTE *attribute(Ref<voString> name, XML_TEXT *adoptedText) {
         auto *made = place.create<XML_ATTRIBUTE>(sorts.attribute);
@@ -314,53 +203,178 @@ class Encoder {
         return made;
     }
 
-    XML_ATTRIBUTE *declaration(const Mapping *mapping) {
-        Ref name = mapping->prefix ? qualified(xmlnsPrefix, mapping->prefix)
-                                   : Ref(retained<voString>(xmlnsPrefix));
-        return attribute(std::move(name),
-                         mapping->ns ? xmlTextCreateEscape(mapping->ns) : xmlTextCreate());
-    }
-
-    static void append(vo::Vec<Mapping *> &to, Mappings added) {
-        to.insert(to.end(), added.begin(), added.end());
-    }
-
-    /// A name that was joined lately.
-    struct Joined {
-        voString *prefix = nullptr;
-        voString *local = nullptr;
-        Ref<voString> name;
-    };
-
-    /// Looked up once: each sort is behind a call into a library.
-    struct Sorts {
-        voSort *item = xmlItemSort(), *items = xmlItemsSort(), *element = xmlElementSort(),
-               *attribute = xmlAttributeSort(), *attributes = xmlAttributesSort();
-    };
-
-    Sorts sorts;
-    xml::VectorPlacer place;
-    Ref<XML_ATTRIBUTES> noAttributes{place.create<XML_ATTRIBUTES>(sorts.attributes)};
-    Ref<XML_ITEMS> noItems{place.create<XML_ITEMS>(sorts.items)};
-    Ref<voString> xmlPrefix{xml___NsBuiltinNamespacesXmlPrefix()};
     Ref<voString> xmlnsPrefix{xml___NsBuiltinNamespacesXmlnsPrefix()};
-    Ref<Mapping> noDefault{xmlNsNamespaceMappingCreate()};
-    NamedScope scope;
-    Namespace *const xmlNamespace = &scope.ns(Ref(xml___NsBuiltinNamespacesXmlNamespace()));
-    xml::Recent<Joined> names;
-    vo::Vec<Open> open;
-    vo::Vec<Mapping *> topDeclarations; ///< For every element at the top.
-    vo::Vec<Ref<Mapping>> generated;    ///< Those of them that were made here.
-    vo::Vec<Mapping *> declarations;    ///< Of the element at hand.
+    Ref<XML_ATTRIBUTES> noAttributes{xmlAttributesCreate()};
+    xml::Recent<Joined> joined;
 };
 
+struct TreeLevel : EncodeLevel {
+    XML_ELEMENT *element = nullptr; ///< Null for the document.
+    voVector *to = nullptr;         ///< Its items.
+};
+
+/// Makes the plain tree. Every new object is put into its place in the tree at once.
+class TreeMaker : public Encoder<TreeMaker, TreeLevel> {
+  public:
+    using Level = TreeLevel;
+    static constexpr bool readsRecords = false;
+
+    explicit TreeMaker(const xml::NsEncoding &encoding) : Encoder(encoding) {}
+
+    Ref<XML_ITEMS> run(XML_NS_ITEMS *items) {
+        walk(items);
+        return std::move(made);
+    }
+
+    template <class Element> void element(const Element &el, Level &level) {
+        declare(el, level);
+        level.element = place.create<XML_ELEMENT>(sorts.element);
+        level.element->name = qualified(names.elementPrefix(el.ns()), stringOf(el.local())).take();
+        level.element->attributes = attributes(el).take();
+        level.element->location = nullptr;
+        level.element->items = nullptr;
+        push(levels()[levels().size() - 2], XML_ITEM_TYPE_ELEMENT, vo::obj(level.element));
+    }
+
+    void entered(Level &level, int64_t length) {
+        Ref<XML_ITEMS> list(length ? place.create<XML_ITEMS>(sorts.items)
+                                   : share<XML_ITEMS>(noItems));
+        if (length) list->itemsVector.set(level.to = place.vector(length));
+        if (level.element)
+            level.element->items = list.take();
+        else
+            made = std::move(list);
+    }
+
+    void left(Level &level) { leave(level); }
+
+    void node(XML_NS_ITEM *item) {
+        push(levels().back(), item->type(), retained(xml::nodeOf(item)));
+    }
+    void node(const xml::Outline &, const xml::Node &) { VO_UNREACHABLE(); }
+
+  private:
+    /// Adopts the node.
+    void push(Level &level, XML_ITEM_TYPE type, voObj *node) {
+        auto *item = place.create<XML_ITEM>(sorts.item);
+        item->tag = xml::itemTag(type, 0);
+        item->value.set(node);
+        place.push(level.to, item);
+    }
+
+    Ref<XML_ITEMS> noItems{xmlItemsCreate()};
+    Ref<XML_ITEMS> made; ///< Those of the document.
+};
+
+struct TextLevel : EncodeLevel {
+    size_t name = 0; ///< Where the element's name was written,
+    size_t size = 0; ///< and its length; 0 for the document and empty elements.
+};
+
+/// Writes the text of the plain tree, without making it.
+class TextMaker : public Encoder<TextMaker, TextLevel> {
+  public:
+    using Level = TextLevel;
+    static constexpr bool readsRecords = true;
+
+    TextMaker(const xml::NsEncoding &encoding, xml::Writer &writer)
+        : Encoder(encoding), out(writer) {}
+
+    template <class Element> void element(const Element &el, Level &level) {
+        declare(el, level);
+        out.ascii("<");
+        level.name = out.size();
+        name(names.elementPrefix(el.ns()), el.local());
+        level.size = out.size() - level.name;
+        if (mayHaveDuplicates(el))
+            writeMade(el);
+        else
+            writeAttributes(el);
+    }
+
+    void entered(Level &level, int64_t length) {
+        if (levels().size() == 1) return;
+        out.ascii(length ? ">" : "/>");
+        if (!length) level.size = 0;
+    }
+
+    void left(Level &level) {
+        if (level.size) {
+            out.ascii("</");
+            out.again(level.name, level.size);
+            out.ascii(">");
+        }
+        leave(level);
+    }
+
+    void node(XML_NS_ITEM *item) { out.characterData(item->type(), xml::nodeOf(item)); }
+    void node(const xml::Outline &outline, const xml::Node &node) {
+        out.characterData(node.kind, outline.pieceOf(node));
+    }
+
+  private:
+    void name(voString *optionalPrefix, voString *local) {
+        out.string(optionalPrefix ? qualified(optionalPrefix, local) : Ref(retained(local)));
+    }
+    void name(voString *optionalPrefix, xml::Piece local) {
+        if (optionalPrefix) out.enclosed("", optionalPrefix, ":");
+        out.text(local);
+    }
+
+    template <class Element> void writeAttributes(const Element &el) {
+        for (size_t i = 0, count = el.attributes(); i < count; ++i) {
+            if (!el.isAttribute(i)) continue;
+            out.ascii(" ");
+            name(names.attributePrefix(el.ns(i)), el.local(i));
+            out.ascii("=");
+            out.quoted(el.value(i));
+        }
+        for (const Mapping *mapping : names.declarations()) {
+            out.ascii(mapping->prefix ? " xmlns:" : " xmlns");
+            if (mapping->prefix) out.string(mapping->prefix);
+            out.ascii("=");
+            out.quoted(Ref(createValue(mapping))->value);
+        }
+    }
+
+    /// Duplicates are removed as in every attribute list.
+    template <class Element> void writeMade(const Element &el) {
+        Ref list = attributes(el);
+        for (XML_ATTRIBUTE *attr : xml::objectsIn<XML_ATTRIBUTE>(list->vector))
+            out.attribute(attr->name, attr->text->value);
+    }
+
+    xml::Writer &out;
+};
+
+constinit voSort encodingSort = {{nullptr, 1}, &xml___module, "XML_NS_ENCODING", [](voObj *obj) {
+                                     vo::dropFields(reinterpret_cast<xml::NsEncoding *>(obj));
+                                 }};
+
 } // namespace
+
+XML_ITEMS *xml::makeItems(NsEncoding *encoding) {
+    return TreeMaker(*encoding).run(encoding->items).take();
+}
+
+void xml::writeItems(NsEncoding *encoding, Writer &out) {
+    TextMaker(*encoding, out).walk(encoding->items);
+}
 
 XML_DOCUMENT *xml___NsDocumentEncode(XML_NS_DOCUMENT *doc,
                                      XML_NS_NAMESPACE_MAP *optionalEffectiveNamespaceMap,
                                      XML_NS_NAMESPACE_MAP *optionalRootNamespaceMap) {
     VO_ASSERT(doc);
-    return Encoder().run(doc, optionalEffectiveNamespaceMap, optionalRootNamespaceMap);
+    auto *encoding = vo::create<xml::NsEncoding>(&encodingSort);
+    encoding->items = retained(doc->items);
+    encoding->optionalAround = retained(optionalEffectiveNamespaceMap);
+    encoding->optionalRoot = retained(optionalRootNamespaceMap);
+    auto *document = vo::create<XML_DOCUMENT>(xmlDocumentSort());
+    document->version.set(doc->version.get());
+    document->charset = doc->charset;
+    document->standalone = doc->standalone;
+    document->items.setPending(encoding);
+    return document;
 }
 
 XML_DOCUMENT *xmlNsDocumentEncode(XML_NS_DOCUMENT *doc) {

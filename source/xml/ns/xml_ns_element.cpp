@@ -2,6 +2,8 @@
 
 #include "source/xml/base/xml_object.hpp"
 #include "source/xml/ns/xml_ns_element.hpp"
+#include "source/xml/ns/xml_ns_item.hpp"
+#include "source/xml/ns/xml_ns_items.hpp"
 #include "xml/xml_ns_value.h"
 
 using vo::assign;
@@ -71,6 +73,9 @@ void xmlNsElementSetItems(XML_NS_ELEMENT **el, XML_NS_ITEMS *items) {
     VO_ASSERT_REF(el);
     VO_ASSERT(items);
     assign(VO_EDIT(el)->items, items);
+}
+void xmlNsElementMakeAll(XML_NS_ELEMENT *el) {
+    xml::makeAll<XML_NS_ITEM, XML_NS_ELEMENT>(VO_READ(el)->items);
 }
 
 // ---------------------------------------------------------------- attributes

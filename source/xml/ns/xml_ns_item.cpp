@@ -39,14 +39,14 @@ XML_NS_ITEM *xmlNsItemCreateCdata(XML_CDATA *cdata) {
     return xml___NsItemCreate(XML_ITEM_TYPE_CDATA, xmlCdataObj(cdata));
 }
 
-XML_ITEM_TYPE xmlNsItemType(XML_NS_ITEM *item) { return VO_READ(item)->type; }
-int xmlNsItemIsElement(XML_NS_ITEM *item) { return VO_READ(item)->type == XML_ITEM_TYPE_ELEMENT; }
+XML_ITEM_TYPE xmlNsItemType(XML_NS_ITEM *item) { return VO_READ(item)->type(); }
+int xmlNsItemIsElement(XML_NS_ITEM *item) { return VO_READ(item)->type() == XML_ITEM_TYPE_ELEMENT; }
 int xmlNsItemIsProcessingInstruction(XML_NS_ITEM *item) {
-    return VO_READ(item)->type == XML_ITEM_TYPE_PROCESSING_INSTRUCTION;
+    return VO_READ(item)->type() == XML_ITEM_TYPE_PROCESSING_INSTRUCTION;
 }
-int xmlNsItemIsComment(XML_NS_ITEM *item) { return VO_READ(item)->type == XML_ITEM_TYPE_COMMENT; }
-int xmlNsItemIsText(XML_NS_ITEM *item) { return VO_READ(item)->type == XML_ITEM_TYPE_TEXT; }
-int xmlNsItemIsCdata(XML_NS_ITEM *item) { return VO_READ(item)->type == XML_ITEM_TYPE_CDATA; }
+int xmlNsItemIsComment(XML_NS_ITEM *item) { return VO_READ(item)->type() == XML_ITEM_TYPE_COMMENT; }
+int xmlNsItemIsText(XML_NS_ITEM *item) { return VO_READ(item)->type() == XML_ITEM_TYPE_TEXT; }
+int xmlNsItemIsCdata(XML_NS_ITEM *item) { return VO_READ(item)->type() == XML_ITEM_TYPE_CDATA; }
 
 XML_NS_ELEMENT *xmlNsItemElement(XML_NS_ITEM *item) {
     return retained(held<XML_NS_ELEMENT>(VO_READ(item), XML_ITEM_TYPE_ELEMENT));

@@ -1,15 +1,21 @@
-// A namespace item as the codecs see it.
+// The fields of a namespace item, for code that builds or reads it in place.
 #pragma once
 
-#include "source/vo/vo_object.hpp"
+#include "source/xml/base/xml_item.hpp"
+#include "source/xml/ns/xml_ns_outline.hpp"
 #include "xml/xml_ns_item.h"
 
 struct XML_NS_ITEM {
     voObj base;
-    XML_ITEM_TYPE type;
-    voObj *value; ///< The node; `type` says of which sort.
+    uint64_t tag;                               ///< As that of XML_ITEM.
+    xml::OnDemand<voObj, xml::NsOutline> value; ///< The node; the type says of which sort.
+    XML_ITEM *plain; ///< While the node is pending: the item of the plain tree. Else null.
 
-    auto fields() { return std::tie(type, value); }
+    auto fields() { return std::tie(tag, value, plain); }
+    XML_ITEM_TYPE type() const { return xml::typeOf(tag); }
+    uint64_t number() const { return xml::numberOf(tag); }
+    voObj *make(bool whole);
+    void complete() { (void)xml::nodeOf(this); }
 };
 
 extern "C" {

@@ -3,9 +3,10 @@
 #include "source/xml/base/xml_object.hpp"
 #include "source/xml/ns/xml_ns_items.hpp"
 
-using vo::assign;
 using vo::Ref;
 using vo::retained;
+using xml::VectorEdit;
+using xml::vectorOf;
 
 XML_OBJECT(NsItems, XML_NS_ITEMS, items);
 
@@ -13,26 +14,26 @@ XML_OBJECT(NsItems, XML_NS_ITEMS, items);
 
 XML_NS_ITEMS *xmlNsItemsCreate(void) {
     auto *items = vo::create<XML_NS_ITEMS>(xmlNsItemsSort());
-    items->itemsVector = voVectorCreate();
+    items->itemsVector.set(voVectorCreate());
     return items;
 }
-int64_t xmlNsItemsLength(XML_NS_ITEMS *items) {
-    return voVectorLength(VO_READ(items)->itemsVector);
+int64_t xmlNsItemsLength(XML_NS_ITEMS *items) { return voVectorLength(vectorOf(VO_READ(items))); }
+void xmlNsItemsClear(XML_NS_ITEMS **items) {
+    VO_ASSERT_REF(items);
+    xmlNsItemsSetItemsVector(items, Ref(voVectorCreate()));
 }
-void xmlNsItemsClear(XML_NS_ITEMS **items) { voVectorClear(&VO_EDIT(items)->itemsVector); }
-voVector *xmlNsItemsItemsVector(XML_NS_ITEMS *items) {
-    return retained(VO_READ(items)->itemsVector);
-}
+voVector *xmlNsItemsItemsVector(XML_NS_ITEMS *items) { return retained(vectorOf(VO_READ(items))); }
 void xmlNsItemsSetItemsVector(XML_NS_ITEMS **items, voVector *vec) {
     VO_ASSERT_REF(items);
     VO_ASSERT(voVectorContainsOnly( vec, xmlNsItemSort() ));
-    assign(VO_EDIT(items)->itemsVector, vec);
+    if (!vo::isSole(*items)) xml::replace(items, xmlNsItemsCreate()); // a copy would be made first
+    (*items)->itemsVector.replace(retained(vec));
 }
 void xmlNsItemsInsert(XML_NS_ITEMS **items, int64_t index, XML_NS_ITEMS *source) {
     VO_ASSERT_REF(items);
     VO_ASSERT(source);
     Ref kept(retained(source)); // `source` may be the list itself
-    voVectorInsert(&VO_EDIT(items)->itemsVector, index, source->itemsVector);
+    voVectorInsert(VectorEdit(VO_EDIT(items)), index, vectorOf(source));
 }
 void xmlNsItemsPrepend(XML_NS_ITEMS **items, XML_NS_ITEMS *source) {
     xmlNsItemsInsert(items, 0, source);
@@ -45,20 +46,20 @@ void xmlNsItemsAppend(XML_NS_ITEMS **items, XML_NS_ITEMS *source) {
 // ---------------------------------------------------------------- items
 
 XML_NS_ITEM *xmlNsItemsItemAt(XML_NS_ITEMS *items, int64_t index) {
-    return xmlNsItemFrom(voVectorObjAt(VO_READ(items)->itemsVector, index));
+    return xmlNsItemFrom(voVectorObjAt(vectorOf(VO_READ(items)), index));
 }
 void xmlNsItemsSetItemAt(XML_NS_ITEMS **items, int64_t index, XML_NS_ITEM *item) {
     VO_ASSERT_REF(items);
     VO_ASSERT(item);
-    voVectorSetObjAt(&VO_EDIT(items)->itemsVector, index, xmlNsItemObj(item));
+    voVectorSetObjAt(VectorEdit(VO_EDIT(items)), index, xmlNsItemObj(item));
 }
 void xmlNsItemsDelItemAt(XML_NS_ITEMS **items, int64_t index) {
-    voVectorDelAt(&VO_EDIT(items)->itemsVector, index);
+    voVectorDelAt(VectorEdit(VO_EDIT(items)), index);
 }
 void xmlNsItemsInsertItem(XML_NS_ITEMS **items, int64_t index, XML_NS_ITEM *item) {
     VO_ASSERT_REF(items);
     VO_ASSERT(item);
-    voVectorInsertObj(&VO_EDIT(items)->itemsVector, index, xmlNsItemObj(item));
+    voVectorInsertObj(VectorEdit(VO_EDIT(items)), index, xmlNsItemObj(item));
 }
 void xmlNsItemsPrependItem(XML_NS_ITEMS **items, XML_NS_ITEM *item) {
     xmlNsItemsInsertItem(items, 0, item);

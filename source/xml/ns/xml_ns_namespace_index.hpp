@@ -22,7 +22,7 @@ struct NamespaceIndex {
         bindings.bind(bindings.at(mapping->prefix), mapping, order);
     }
 
-    /// Returns the place among the others that becomes free.
+    /// Unbinds a mapping; gives its place in the order, which another mapping may take.
     int64_t remove(XML_NS_NAMESPACE_MAPPING *mapping);
 };
 

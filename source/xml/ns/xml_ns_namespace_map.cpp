@@ -62,15 +62,15 @@ void xml___NsNamespaceMapBuildCache(Map **map) {
         (*map)->index = xml::createNamespaceIndex(mappingsOf(*map));
 }
 
-/// Begins a change of a map that is private. An index that a copy of the map holds too is left to
-/// the copy.
+/// Begins a change of a private map. It gives up an index that it shares with a copy of the map,
+/// which keeps it.
 static Map *beginChange(Map *map) {
     if (map->index && !vo::isSole(map->index)) dropIndex(map);
     return map;
 }
 
-/// Ends a change that either kept the index up to date or dropped it. An index that remembers much
-/// more than there is gives way to a new one.
+/// Ends a change that either kept the index up to date or dropped it. Makes the index anew when it
+/// still holds many prefixes and namespaces that the map no longer has.
 static void endChange(Map *map) {
     const int64_t length = map->mappings->length;
     const bool hasIndex = map->index != nullptr;
@@ -88,10 +88,10 @@ static void removeAt(Map *map, int64_t index) {
 int64_t xml___NsNamespaceMapDeleteDuplicate(Map **map, int64_t index) {
     VO_ASSERT_REF(map);
     Ref placed(xmlNsNamespaceMapMappingAt(*map, index));
-    const int64_t twin = positionOf(*map, placed->prefix, index);
-    if (twin < 0) return index;
-    removeAt(*map, twin);
-    return twin < index ? index - 1 : index;
+    const int64_t duplicate = positionOf(*map, placed->prefix, index);
+    if (duplicate < 0) return index;
+    removeAt(*map, duplicate);
+    return duplicate < index ? index - 1 : index;
 }
 
 static void setMappings(Map *map, const vo::Vec<voObj *> &mappings) {
@@ -100,9 +100,9 @@ static void setMappings(Map *map, const vo::Vec<voObj *> &mappings) {
     vo::release(std::exchange(map->mappings, vec));
 }
 
-/// Leaves one mapping for each prefix: of two the earlier one, of more the last. This is what
-/// comes of going through them and removing, for each, the first other one with its prefix.
-static void removeTwins(Map *map) {
+/// Leaves one mapping for each prefix: the earlier of two, the last of more. That is what remains
+/// when, for each mapping in turn, the first other one with its prefix is removed.
+static void removeDuplicates(Map *map) {
     struct Seen {
         Ref<voString> key;
         int64_t count = 0;
@@ -122,8 +122,9 @@ static void removeTwins(Map *map) {
     if (int64_t(kept.size()) < map->mappings->length) setMappings(map, kept);
 }
 
-/// Removes what the mappings of `other`, which stand at `index`, take the prefixes from.
-static void removeDisplaced(Map *map, int64_t index, const Map *other) {
+/// Removes the older duplicates of the mappings of `other`, which were inserted at `index`: all
+/// mappings outside the inserted ones that have the prefix of one of them.
+static void removeReplaced(Map *map, int64_t index, const Map *other) {
     vo::Vec<voObj *> kept;
     int64_t position = -index;
     for (Mapping *mapping : mappingsOf(map)) {
@@ -178,7 +179,7 @@ void xmlNsNamespaceMapSetMappingsVector(Map **map, voVector *vec) {
     VO_ASSERT(voVectorContainsOnly( vec, xmlNsNamespaceMappingSort() ));
     Map *own = VO_EDIT(map);
     assign(own->mappings, vec);
-    removeTwins(own);
+    removeDuplicates(own);
     xml___NsNamespaceMapBuildCache(&own);
 }
 
@@ -232,12 +233,12 @@ void xmlNsNamespaceMapInsert(Map **map, int64_t index, Map *other) {
     Map *own = beginChange(VO_EDIT(map));
     const auto added = mappingsOf(source);
     const bool atEnd = index == own->mappings->length;
-    const bool displaces = std::any_of(added.begin(), added.end(), [&](const Mapping *mapping) {
+    const bool replaces = std::any_of(added.begin(), added.end(), [&](const Mapping *mapping) {
         return findMapping(own, mapping->prefix);
     });
     voVectorInsert(&own->mappings, index, source->mappings);
-    if (displaces) removeDisplaced(own, index, source);
-    if (own->index && atEnd && !displaces)
+    if (replaces) removeReplaced(own, index, source);
+    if (own->index && atEnd && !replaces)
         for (Mapping *mapping : added)
             own->index->append(mapping);
     else

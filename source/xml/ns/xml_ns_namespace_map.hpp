@@ -1,4 +1,4 @@
-// A namespace map as the codecs see it.
+// The fields of a namespace map, for code that builds or reads it in place.
 #pragma once
 
 #include "source/vo/vo_array.hpp"
@@ -34,8 +34,8 @@ XML_NS_NAMESPACE_MAPPING *findMapping(const XML_NS_NAMESPACE_MAP *map, voString 
 } // namespace xml
 
 extern "C" {
-/// Makes the index anew from the mappings, or drops it when they are few. The map must be private
-/// to the caller.
+/// Makes the index (the cache of the name) anew from the mappings, or drops it when they are few.
+/// The map must be private to the caller.
 void xml___NsNamespaceMapBuildCache(XML_NS_NAMESPACE_MAP **map);
 
 /// Removes the other mapping that has the prefix of the one at `index`, if there is one. Returns

@@ -1,4 +1,4 @@
-// A namespace mapping as the map and the codecs see it.
+// The fields of a namespace mapping, for code that builds or reads it in place.
 #pragma once
 
 #include "source/vo/vo_object.hpp"

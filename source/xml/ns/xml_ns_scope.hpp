@@ -9,11 +9,11 @@ namespace xml {
 struct Binding;
 
 /// A place in a circular list. A link that was taken out still knows its neighbours and can be put
-/// back, provided that all that happened to the list since was undone before.
+/// back, once all later changes to the list have been undone.
 struct Link {
     Link *previous = this;
     Link *next = this;
-    Binding *binding = nullptr; ///< Null at the place that is both ends of the list.
+    Binding *binding = nullptr; ///< Null in the head of the list, which is both its ends.
 
     void takeOut() const {
         previous->next = next;
@@ -37,7 +37,7 @@ struct Namespace {
     Binding *firstPrefixed() const { return prefixed.next->binding; }
 };
 
-/// What a prefix is bound to. There is one for every prefix that was ever looked at.
+/// What a prefix is bound to. There is one for every prefix that was ever looked up.
 struct Binding {
     struct State {
         XML_NS_NAMESPACE_MAPPING *mapping = nullptr; ///< Null: the prefix is not bound.
@@ -61,7 +61,7 @@ class Bindings {
     Binding &at(voString *optionalPrefix) {
         return optionalPrefix ? prefixes.at(optionalPrefix) : unprefixed;
     }
-    /// The same; null when nobody ever looked at the prefix.
+    /// The same, but null when the prefix was never looked up.
     Binding *find(voString *prefix) const { return prefixes.find(prefix); }
 
     const Binding &forDefault() const { return unprefixed; }
@@ -98,7 +98,7 @@ class Scope : public Bindings {
     /// Binds a prefix anew, as the latest binding.
     void bind(XML_NS_NAMESPACE_MAPPING *mapping);
 
-    /// How much was bound; what came later is undone by undo().
+    /// The number of bindings so far, for undo(), which undoes the later ones.
     size_t mark() const { return undoing.size(); }
     void undo(size_t mark);
 

@@ -5,7 +5,7 @@
 #include "xml/xml_ns_builtin_namespaces.h"
 
 static bool isNcname(voString *str) {
-    return str->length > 0 && xml___NsSkipNcname(str->items(), str->length) == str->length;
+    return xml::isNcname(std::span<const uint32_t>(str->items(), size_t(str->length)));
 }
 
 int xmlNsValuePrefixOk(voString *prefix) { return isNcname(VO_READ(prefix)); }

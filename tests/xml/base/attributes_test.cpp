@@ -87,11 +87,11 @@ TYPED_TEST(Attributes, PlacingRemovesTheTwin) {
 TYPED_TEST(Attributes, TellWhereThePlacedAttributeStandsWithoutItsTwin) {
     auto list = TypeParam::attributes("a=1 b=2 c=3");
     EXPECT_EQ(TypeParam::deleteDuplicate(list.edit(), 1), 1);
-    Ref twins(vo::create<typename TypeParam::Attributes>(vo::sortOf(vo::obj(list.operator->()))));
-    twins->vector = TypeParam::attributeVector("a=1 b=2 a=3").take();
-    Ref other(vo::retained(twins.operator->()));
-    EXPECT_EQ(TypeParam::deleteDuplicate(twins.edit(), 2), 1);
-    EXPECT_EQ(describe(twins.operator->()), "b=2 a=3");
+    Ref doubled(vo::create<typename TypeParam::Attributes>(vo::sortOf(vo::obj(list.operator->()))));
+    doubled->vector = TypeParam::attributeVector("a=1 b=2 a=3").take();
+    Ref other(vo::retained(doubled.operator->()));
+    EXPECT_EQ(TypeParam::deleteDuplicate(doubled.edit(), 2), 1);
+    EXPECT_EQ(describe(doubled.operator->()), "b=2 a=3");
     EXPECT_EQ(TypeParam::deleteDuplicate(other.edit(), 0), 0);
     EXPECT_EQ(describe(other.operator->()), "a=1 b=2");
 }
@@ -159,8 +159,8 @@ TEST(PlainAttributes, CheckNames) {
 
 namespace {
 
-/// A list in the simplest terms: attributes of a pool, each with the number of its name. What the
-/// real list does at once happens here step by step.
+/// A simple model of a list: attributes of a pool, each with the number of its name. What the real
+/// list does in one operation is done here attribute by attribute.
 struct Model {
     struct Entry {
         voObj *attr;
@@ -169,7 +169,7 @@ struct Model {
     };
     std::vector<Entry> entries;
 
-    size_t removeTwin(size_t index) {
+    size_t removeDuplicate(size_t index) {
         for (size_t i = 0; i < entries.size(); ++i)
             if (i != index && entries[i].name == entries[index].name) {
                 entries.erase(entries.begin() + long(i));
@@ -179,16 +179,16 @@ struct Model {
     }
     void insert(size_t index, Entry entry) {
         entries.insert(entries.begin() + long(index), entry);
-        removeTwin(index);
+        removeDuplicate(index);
     }
     void setAt(size_t index, Entry entry) {
         entries[index] = entry;
-        removeTwin(index);
+        removeDuplicate(index);
     }
     void insertAll(size_t index, std::vector<Entry> others) {
         entries.insert(entries.begin() + long(index), others.begin(), others.end());
         for (size_t i = 0; i < others.size(); ++i)
-            index = removeTwin(index) + 1;
+            index = removeDuplicate(index) + 1;
     }
     void assign(const std::vector<Entry> &others) {
         entries.clear();
@@ -318,7 +318,7 @@ template <class Layer> class RandomList {
 } // namespace
 
 TYPED_TEST(Attributes, DoAtOnceWhatTheModelDoesStepByStep) {
-    for (int names : {4, 12, 60}) { // clashes all the time, and lists that are hashed
+    for (int names : {4, 12, 60}) { // many duplicates; and lists that are hashed
         RandomList<TypeParam> list(7, names);
         for (int i = 0; i < 170'000; ++i) {
             list.step();

@@ -28,6 +28,26 @@ TEST(Encode, writes_the_canonical_layout) {
         EXPECT_EQ(encode(decode(row.text).document), row.canonical);
 }
 
+TEST(Encode, writes_the_canonical_layout_of_what_nobody_asked_for) {
+    const std::string more(100, ' ');
+    for (std::string tag : {"<a b=''/ >", "<a  b=\"\"/>", "<a b=\"\"></a>"}) {
+        auto decoded = decode("<?xml?><c>" + tag + "</c>" + more);
+        Ref items(xmlDocumentItems(decoded.document));
+        Ref asked(xmlItemsItemElementAt(items, 0));
+        EXPECT_EQ(encode(decoded.document), declaration + "<c><a b=\"\"/></c>" + more) << tag;
+    }
+}
+
+TEST(Encode, writes_an_element_with_the_items_of_an_empty_document_as_one_tag) {
+    auto decoded = decode("<?xml?><a>text</a>");
+    Ref items(xmlDocumentItems(decoded.document));
+    Ref el(xmlItemsItemElementAt(items, 0));
+    xmlElementSetItems(el.edit(), Ref(xmlDocumentItems(decode("<?xml?>").document)));
+    xmlItemsSetItemElementAt(items.edit(), 0, el);
+    xmlDocumentSetItems(decoded.document.edit(), items);
+    EXPECT_EQ(encode(decoded.document), declaration + "<a/>");
+}
+
 TEST(Encode, quotes_by_the_rarer_quote) {
     const struct {
         std::string value, quoted;

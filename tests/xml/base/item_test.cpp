@@ -32,7 +32,7 @@ TYPED_TEST(Item, HoldsOneNodeOfOneKind) {
         kind.set(set.edit());
         EXPECT_EQ(describe(old.operator->()), "old");
         for (auto *item : {made.operator->(), set.operator->()}) {
-            EXPECT_EQ(item->type, kind.type);
+            EXPECT_EQ(item->type(), kind.type);
             for (auto &other : Kinds<TypeParam>::rows) {
                 const bool same = other.type == kind.type;
                 EXPECT_EQ(other.is(item), same) << other.name;

@@ -122,6 +122,13 @@ TEST(NsDecode, SharesWhatItDoesNotConvert) {
     EXPECT_EQ(Ref(xmlNsAttributeLocation(attrTo)), Ref(xmlAttributeLocation(attrFrom)));
 }
 
+TEST(NsDecode, ThePlainTreeMayBeMadeFirst) {
+    auto document = plain("<p:a xmlns:p='u'><b><p:c>text</p:c></b><d/></p:a>");
+    Ref result(xmlNsDocumentTryDecode(document));
+    xmlDocumentMakeAll(document);
+    EXPECT_EQ(test::text(result), "({u}a +p=u (b ({u}c 'text')) (d))");
+}
+
 TEST(NsDecode, TheResultIsAnOrdinaryTree) {
     Ref result(xmlNsDocumentTryDecode(plain("<a xmlns='u' b='1'><c/><d/></a>")));
     Ref items(xmlNsDocumentItems(Ref(xmlNsDecodeResultDocument(result))));
@@ -141,6 +148,13 @@ TEST(NsDecode, TheResultIsAnOrdinaryTree) {
     xmlNsItemsAppendItemElement(top.edit(), el);
     xmlNsDocumentSetItems(changed.edit(), top);
     EXPECT_EQ(test::text(changed), "({u}a +=u +p=v @b=1 @e=2 ({u}c) ({u}d 'x') ({u}c))");
+}
+
+TEST(NsDecode, ListsAreMadeOnDemandWhenThePlainOnesAreMadeAlready) {
+    Ref document = plain("<a><b><c/></b></a>");
+    Ref result(xmlNsDocumentTryDecode(document));
+    xmlDocumentMakeAll(document);
+    EXPECT_EQ(test::text(result), "(a (b (c)))");
 }
 
 TEST(NsDecodeDeathTest, AMissingDocumentAborts) {

@@ -1,0 +1,60 @@
+// Reading trees of any depth through cursors.
+#pragma once
+
+#include "decode.hpp"
+
+#include <string_view>
+
+namespace tool {
+
+/// Also empty where there is no text, which only `bytes` tells apart.
+inline std::string_view view(XML_UTF8 text) {
+    return {text.bytes, static_cast<size_t>(text.length)};
+}
+
+inline std::optional<Place> placeOf(XML_CURSOR *cursor) {
+    Place place{};
+    if (!xmlCursorLocation(cursor, &place.offset, &place.line, &place.column)) return std::nullopt;
+    return place;
+}
+
+/// Visits the items below the cursor's node in document order, with their depths, from 1 on. A
+/// follower is moved along: it stands on the same node of a tree with the same items.
+template <class Visit>
+void walk(Visit visit, XML_CURSOR *cursor, XML_CURSOR *optionalFollower = nullptr) {
+    const auto move = [&](int (*step)(XML_CURSOR *)) {
+        if (!step(cursor)) return false;
+        if (optionalFollower) step(optionalFollower);
+        return true;
+    };
+    size_t depth = 0;
+    do {
+        if (depth > 0) visit(depth);
+        if (move(xmlCursorFirstChild)) {
+            ++depth;
+            continue;
+        }
+        for (; depth > 0 && !move(xmlCursorNext); --depth)
+            move(xmlCursorParent);
+    } while (depth > 0);
+}
+
+/// Visits the attributes of the cursor's node, if it has any.
+template <class Visit> void visitAttributes(Visit visit, XML_CURSOR *cursor) {
+    if (!xmlCursorFirstAttribute(cursor)) return;
+    do
+        visit();
+    while (xmlCursorNext(cursor));
+    xmlCursorParent(cursor);
+}
+
+/// Visits those that declare namespaces, in a plain tree.
+template <class Visit> void visitDeclarations(Visit visit, XML_CURSOR *cursor) {
+    const auto visitOne = [&] {
+        const std::string_view name = view(xmlCursorName(cursor));
+        if (name == "xmlns" || name.starts_with("xmlns:")) visit();
+    };
+    visitAttributes(visitOne, cursor);
+}
+
+} // namespace tool

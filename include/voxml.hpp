@@ -1,0 +1,2017 @@
+/** @file
+ *  The library for C++: values over the counted objects of the C interface.
+ *
+ *  Needs C++17 and nothing but the standard library and the C headers; works without exceptions
+ *  and without run-time type information. The library starts before main() and stays started.
+ *
+ *      auto doc = voxml::document::decode_file("menu.xml");
+ *      if (!doc) return std::cerr << doc.error().to_string() << '\n', 1;
+ *      for (const voxml::element &dish : doc->root()->elements("dish"))
+ *          if (auto name = dish.attribute("name")) std::cout << *name << '\n';
+ *
+ *  Rules that hold unless a comment says otherwise:
+ *  - A type of this header is a value: a copy shares everything and costs one atomic increment, a
+ *    move steals, and changing one value never changes another. A value that was moved from may
+ *    only be assigned and destroyed.
+ *  - What may be absent is a std::optional or an empty range.
+ *  - Strings go in as UTF-8. What a tree cannot hold is an error in a `result`; then nothing has
+ *    changed. Names that no tree holds are found nowhere.
+ *  - Attribute and text values are plain characters; what deals in the escaped form, as it stands
+ *    between markup, says `escaped`.
+ *  - Indexes count from 0; one outside a list ends the process.
+ *  - Threads may read, copy and destroy values that share parts. One variable is for one thread at
+ *    a time as soon as one of them changes it.
+ *
+ *  The plain tree is in namespace voxml, the one with resolved names in voxml::ns. */
+#ifndef VOXML_HPP
+#define VOXML_HPP
+
+#include "vo/vo.h"
+#include "xml/xml.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <iosfwd>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#if __has_include(<version>)
+#include <version>
+#endif
+#if defined(__cpp_lib_format)
+#include <format>
+#endif
+
+/** The result refers to the object or argument that carries this mark; compilers that know it warn
+ *  when the result outlives that. */
+#if defined(__clang__)
+#define VOXML_LIFETIMEBOUND [[clang::lifetimebound]]
+#else
+#define VOXML_LIFETIMEBOUND
+#endif
+
+namespace voxml {
+
+/** What went wrong. */
+enum class errc {
+    /** @name The document is refused
+     *  As the codes in xml/xml_decode_error_code.h. @{ */
+    charset,
+    xml_declaration,
+    doctype,
+    tag,
+    tag_mismatch,
+    tag_not_closed,
+    processing_instruction,
+    comment,
+    cdata,
+    attribute_list,
+    text,
+    /** @} */
+
+    /** @name Its namespaces are refused
+     *  As the codes in xml/xml_ns_decode_error_code.h. @{ */
+    namespace_name,
+    namespace_prefix,
+    namespace_prefix_unknown,
+    local_name,
+    /** @} */
+
+    /** @name A value is refused, which the tree does not come to hold @{ */
+    bad_utf8,                   ///< Ill-formed UTF-8.
+    bad_name,                   ///< No XML name, or with namespaces no name without a colon.
+    bad_namespace,              ///< No name of a namespace, see xmlNsValueNamespaceOk().
+    bad_prefix,                 ///< No prefix, see xmlNsValuePrefixOk().
+    bad_escaped_text,           ///< See xmlValueTextOk().
+    bad_comment,                ///< See xmlValueCommentOk().
+    bad_cdata,                  ///< See xmlValueCdataOk().
+    bad_processing_instruction, ///< See xmlValueProcessingInstructionValueOk().
+    bad_version,                ///< See xmlValueVersionNumOk().
+    /** @} */
+
+    charset_too_small, ///< The document's character set lacks a character of the text.
+    file,              ///< The system refuses a file; see failure::system_error().
+};
+
+/** The kinds of node. */
+enum class item_type {
+    element = XML_ITEM_TYPE_ELEMENT,
+    processing_instruction = XML_ITEM_TYPE_PROCESSING_INSTRUCTION,
+    comment = XML_ITEM_TYPE_COMMENT,
+    text = XML_ITEM_TYPE_TEXT,
+    cdata = XML_ITEM_TYPE_CDATA,
+    document = 5,  ///< Of views only.
+    attribute = 6, ///< Of views only.
+};
+
+namespace detail {
+
+/// The library stays started: values may live as long as any other object of the program.
+inline const bool started = voModuleStartup(xmlModule()) != 0;
+
+inline constexpr char32_t replacement = U'\uFFFD';
+
+/// Reads a code point of UTF-8 and moves `at` behind it; U+FFFFFFFF where the bytes are ill-formed.
+inline char32_t read_utf8(const char *&at, const char *end) noexcept {
+    const auto byte = [](char c) { return static_cast<char32_t>(static_cast<unsigned char>(c)); };
+    const char32_t first = byte(*at++);
+    if (first < 0x80) return first;
+    const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
+    constexpr char32_t bad = 0xFFFFFFFF, least[] = {0, 0x80, 0x800, 0x10000};
+    if (first < 0xC2 || first > 0xF4 || end - at < more) return bad;
+    char32_t point = first & (0x3Fu >> more);
+    for (int i = 0; i < more; ++i) {
+        const char32_t next = byte(*at++);
+        if ((next & 0xC0) != 0x80) return bad;
+        point = point << 6 | (next & 0x3F);
+    }
+    const bool scalar = point <= 0x10FFFF && (point < 0xD800 || point > 0xDFFF);
+    return scalar && point >= least[more] ? point : bad;
+}
+
+inline void append_utf8(std::string &out, char32_t point) {
+    if (point > 0x10FFFF || (point >= 0xD800 && point <= 0xDFFF)) point = replacement;
+    const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
+    if (point < 0x80) return put(point);
+    if (point < 0x800) {
+        put(0xC0 | point >> 6);
+    } else if (point < 0x10000) {
+        put(0xE0 | point >> 12);
+        put(0x80 | (point >> 6 & 0x3F));
+    } else {
+        put(0xF0 | point >> 18);
+        put(0x80 | (point >> 12 & 0x3F));
+        put(0x80 | (point >> 6 & 0x3F));
+    }
+    put(0x80 | (point & 0x3F));
+}
+
+inline bool equals_utf8(std::u32string_view points, std::string_view utf8) noexcept {
+    const char *at = utf8.data(), *const end = at + utf8.size();
+    for (const char32_t point : points)
+        if (at == end || read_utf8(at, end) != point) return false;
+    return at == end;
+}
+
+} // namespace detail
+
+/** Adopts a new reference of the C interface: `voxml::comment(voxml::adopt, xmlCommentCreate(v))`.
+ *  The reference must not be null and belongs to the value from now on. */
+struct adopt_t {};
+inline constexpr adopt_t adopt{};
+
+/** A value over a counted object of the C type `T`: the base of the types below. Two values are
+ *  equal when they are the same object, strings and buffers when their content is. */
+template <class T> class handle {
+  public:
+    using native_type = T;
+
+    handle(adopt_t, T *reference) noexcept : object_(reference) {}
+    handle(const handle &other) noexcept : object_(retained(other.object_)) {}
+    handle(handle &&other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+    handle &operator=(const handle &other) noexcept {
+        handle copy(other);
+        std::swap(object_, copy.object_);
+        return *this;
+    }
+    handle &operator=(handle &&other) noexcept {
+        std::swap(object_, other.object_);
+        return *this;
+    }
+    ~handle() {
+        if (object_) voObjRelease(as_object(object_));
+    }
+
+    /** The object for calls of the C interface, borrowed. */
+    [[nodiscard]] T *get() const noexcept VOXML_LIFETIMEBOUND { return object_; }
+    /** The address of the reference, for functions of the C interface that change a value. */
+    [[nodiscard]] T **address() noexcept VOXML_LIFETIMEBOUND { return &object_; }
+
+    friend bool operator==(const handle &a, const handle &b) noexcept {
+        return a.object_ == b.object_;
+    }
+    friend bool operator!=(const handle &a, const handle &b) noexcept { return !(a == b); }
+
+  private:
+    static voObj *as_object(T *object) noexcept { return reinterpret_cast<voObj *>(object); }
+    static T *retained(T *object) noexcept {
+        if (object) voObjRetain(as_object(object));
+        return object;
+    }
+
+    T *object_;
+};
+
+namespace detail {
+
+/// A new reference as a value, or none for null.
+template <class Value>
+std::optional<Value> optional_of(typename Value::native_type *reference) noexcept {
+    if (!reference) return std::nullopt;
+    return std::optional<Value>(std::in_place, adopt, reference);
+}
+
+} // namespace detail
+
+/** A string of the library, immutable. Compares with UTF-8 without an allocation. */
+class string : public handle<voString> {
+  public:
+    using handle::handle;
+
+    /** The code points, as long as this value lives and is not assigned. Hand-made strings may hold
+     *  values that are no Unicode scalar values. */
+    [[nodiscard]] std::u32string_view u32() const noexcept VOXML_LIFETIMEBOUND {
+        return {reinterpret_cast<const char32_t *>(voStringBacking(get())), size()};
+    }
+    /** In code points. */
+    [[nodiscard]] std::size_t size() const noexcept {
+        return static_cast<std::size_t>(voStringLength(get()));
+    }
+    [[nodiscard]] bool empty() const noexcept { return size() == 0; }
+
+    /** As UTF-8; what that cannot express becomes U+FFFD. */
+    [[nodiscard]] std::string str() const {
+        const std::u32string_view points = u32();
+        std::string utf8;
+        utf8.reserve(points.size());
+        for (const char32_t point : points)
+            detail::append_utf8(utf8, point);
+        return utf8;
+    }
+    operator std::string() const { return str(); }
+
+    friend bool operator==(const string &a, const string &b) noexcept { return a.u32() == b.u32(); }
+    friend bool operator!=(const string &a, const string &b) noexcept { return !(a == b); }
+    friend bool operator==(const string &a, std::string_view utf8) noexcept {
+        return detail::equals_utf8(a.u32(), utf8);
+    }
+    friend bool operator!=(const string &a, std::string_view utf8) noexcept { return !(a == utf8); }
+    friend bool operator==(std::string_view utf8, const string &a) noexcept { return a == utf8; }
+    friend bool operator!=(std::string_view utf8, const string &a) noexcept { return !(a == utf8); }
+    /** By code points. */
+    friend bool operator<(const string &a, const string &b) noexcept { return a.u32() < b.u32(); }
+
+    template <class Traits> friend std::basic_ostream<char, Traits> &
+    operator<<(std::basic_ostream<char, Traits> &out, const string &printed) {
+        return out << printed.str();
+    }
+};
+
+/** Bytes, immutable. */
+class buffer : public handle<voBuffer> {
+  public:
+    using handle::handle;
+
+    /** Copies the bytes. */
+    explicit buffer(std::string_view bytes)
+        : handle(adopt, voBufferCreateFromBytesCopy(bytes.data(),
+                                                    static_cast<std::int64_t>(bytes.size()))) {}
+
+    /** The bytes, as long as this value lives and is not assigned. */
+    [[nodiscard]] std::string_view view() const noexcept VOXML_LIFETIMEBOUND {
+        return {reinterpret_cast<const char *>(voBufferBacking(get())),
+                static_cast<std::size_t>(voBufferLength(get()))};
+    }
+    [[nodiscard]] std::string str() const { return std::string(view()); }
+
+    friend bool operator==(const buffer &a, const buffer &b) noexcept {
+        return a.view() == b.view();
+    }
+    friend bool operator!=(const buffer &a, const buffer &b) noexcept { return !(a == b); }
+};
+
+/** Where something stands in the text that was decoded. */
+struct location {
+    std::int64_t offset = 0;      ///< In code points, from 0.
+    std::int64_t line = 1;        ///< From 1.
+    std::int64_t column = 1;      ///< In code points, from 1.
+    std::optional<string> source; ///< The name of the text, where it was given one.
+};
+
+/** Why an operation failed. */
+class failure {
+  public:
+    explicit failure(errc code) noexcept : code_(code) {}
+
+    [[nodiscard]] errc code() const noexcept { return code_; }
+    /** What is wrong, in English. */
+    [[nodiscard]] std::string message() const {
+        return details_ ? details_->message : std::string(describe(code_));
+    }
+    /** Where, if it is about a place in a text; then line() and column() are not 0. */
+    [[nodiscard]] std::optional<location> where() const {
+        return details_ ? details_->where : std::nullopt;
+    }
+    [[nodiscard]] std::int64_t line() const noexcept { return at_place(&location::line); }
+    [[nodiscard]] std::int64_t column() const noexcept { return at_place(&location::column); }
+    /** The place in bytes from 0, or -1 where that is not known. */
+    [[nodiscard]] std::int64_t byte_offset() const noexcept {
+        return details_ ? details_->byte_offset : -1;
+    }
+    /** How to mend it; empty where nothing is known. May quote the text, control characters
+     *  included. */
+    [[nodiscard]] std::string hint() const { return details_ ? details_->hint : std::string(); }
+    /** The value of errno, for errc::file, or else 0. */
+    [[nodiscard]] int system_error() const noexcept {
+        return details_ ? details_->system_error : 0;
+    }
+    /** `source:line:column: error: message`, less what is unknown. */
+    [[nodiscard]] std::string to_string() const {
+        std::string text = details_ ? details_->source : std::string();
+        if (line() != 0)
+            text +=
+                (text.empty() ? "" : ":") + std::to_string(line()) + ":" + std::to_string(column());
+        return text + (text.empty() ? "error: " : ": error: ") + message();
+    }
+
+    /** What is known beyond the code. */
+    struct details {
+        std::string message, source, hint;
+        std::optional<location> where;
+        std::int64_t byte_offset = -1; ///< Where that is not known.
+        int system_error = 0;
+    };
+    failure(errc code, details known)
+        : code_(code), details_(std::make_shared<const details>(std::move(known))) {}
+
+  private:
+    std::int64_t at_place(std::int64_t location::*member) const noexcept {
+        return details_ && details_->where ? (*details_->where).*member : 0;
+    }
+    static const char *describe(errc code) noexcept {
+        switch (code) {
+        case errc::bad_utf8:
+            return "ill-formed UTF-8";
+        case errc::bad_name:
+            return "not a name";
+        case errc::bad_namespace:
+            return "not the name of a namespace";
+        case errc::bad_prefix:
+            return "not a namespace prefix";
+        case errc::bad_escaped_text:
+            return "a raw < or & in escaped text";
+        case errc::bad_comment:
+            return "a comment that is empty or has hyphens where they must not be";
+        case errc::bad_cdata:
+            return "]]> in a CDATA section";
+        case errc::bad_processing_instruction:
+            return "a processing instruction without a target, or with ?> in it";
+        case errc::bad_version:
+            return "not a version number of XML";
+        case errc::charset_too_small:
+            return "a character that the character set of the document lacks";
+        default:
+            return "refused";
+        }
+    }
+
+    errc code_;
+    std::shared_ptr<const details> details_; ///< Null: what the code says is all.
+};
+
+/** A value, or why there is none. Taking the value where there is none ends the process with the
+ *  failure's text. */
+template <class T> class [[nodiscard]] result {
+  public:
+    using value_type = T;
+
+    result(T value) : held_(std::in_place_index<0>, std::move(value)) {}
+    result(failure why) : held_(std::in_place_index<1>, std::move(why)) {}
+
+    [[nodiscard]] bool has_value() const noexcept { return held_.index() == 0; }
+    explicit operator bool() const noexcept { return has_value(); }
+    /** Why there is no value; only where there is none. */
+    [[nodiscard]] const failure &error() const noexcept VOXML_LIFETIMEBOUND {
+        return *std::get_if<1>(&held_);
+    }
+
+    T &value() & VOXML_LIFETIMEBOUND { return check(), *std::get_if<0>(&held_); }
+    const T &value() const &VOXML_LIFETIMEBOUND { return check(), *std::get_if<0>(&held_); }
+    T value() && { return check(), std::move(*std::get_if<0>(&held_)); }
+    T &operator*() & VOXML_LIFETIMEBOUND { return value(); }
+    const T &operator*() const &VOXML_LIFETIMEBOUND { return value(); }
+    T operator*() && { return std::move(*this).value(); }
+    T *operator->() VOXML_LIFETIMEBOUND { return &value(); }
+    const T *operator->() const VOXML_LIFETIMEBOUND { return &value(); }
+
+  private:
+    void check() const {
+        if (!has_value())
+            vo___Abort("voxml::result", __FILE__, __LINE__, error().to_string().c_str());
+    }
+
+    std::variant<T, failure> held_;
+};
+
+/** Success, or why there is none. */
+template <> class [[nodiscard]] result<void> {
+  public:
+    using value_type = void;
+
+    result() = default;
+    result(failure why) : why_(std::move(why)) {}
+
+    [[nodiscard]] bool has_value() const noexcept { return !why_; }
+    explicit operator bool() const noexcept { return has_value(); }
+    /** Why it failed; only where it did. */
+    [[nodiscard]] const failure &error() const noexcept VOXML_LIFETIMEBOUND { return *why_; }
+    /** Ends the process with the failure's text if it failed. */
+    void value() const {
+        if (why_) vo___Abort("voxml::result", __FILE__, __LINE__, why_->to_string().c_str());
+    }
+
+  private:
+    std::optional<failure> why_;
+};
+
+namespace detail {
+
+/// A string of the library from UTF-8; none where that is ill-formed.
+inline std::optional<string> try_string(std::string_view utf8) noexcept {
+    const char *bytes = utf8.empty() ? "" : utf8.data();
+    return optional_of<string>(
+        voStringTryCreateFromUtf8(bytes, static_cast<std::int64_t>(utf8.size())));
+}
+
+/// The same for a value that `ok` must accept, which is an error of code `bad` otherwise.
+template <class Ok> result<string> checked(std::string_view utf8, Ok ok, errc bad) {
+    auto made = try_string(utf8);
+    if (!made) return failure(errc::bad_utf8);
+    if (!ok(made->get())) return failure(bad);
+    return std::move(*made);
+}
+
+/// Whether it is a name of ASCII letters and digits, as almost all are: no other check is needed.
+inline bool is_plain_name(std::string_view name) noexcept {
+    const auto starts = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+    };
+    if (name.empty() || !starts(name[0])) return false;
+    for (const char c : name)
+        if (!starts(c) && !(c >= '0' && c <= '9') && c != '-' && c != '.') return false;
+    return true;
+}
+inline result<string> checked_name_part(std::string_view utf8, int (*ok)(voString *)) {
+    return checked(
+        utf8, [&](voString *name) { return is_plain_name(utf8) || ok(name) != 0; }, errc::bad_name);
+}
+
+inline result<string> plain_characters(std::string_view utf8) {
+    return checked(
+        utf8, [](voString *) { return true; }, errc::bad_utf8);
+}
+inline result<string> escaped_characters(std::string_view utf8) {
+    return checked(utf8, xmlValueTextOk, errc::bad_escaped_text);
+}
+
+inline std::optional<location> location_of(voParserLocation *adopted) {
+    if (!adopted) return std::nullopt;
+    const handle<voParserLocation> held(adopt, adopted);
+    return location{voParserLocationOffset(adopted), voParserLocationLine(adopted),
+                    voParserLocationColumn(adopted),
+                    optional_of<string>(voParserLocationSource(adopted))};
+}
+
+/// Comments, CDATA sections and processing instructions: a string that a check accepts.
+template <class T, auto Create, auto Value, auto SetValue, auto Ok, errc Bad, auto Location>
+class marked_text : public handle<T> {
+  public:
+    using handle<T>::handle;
+
+    /** Makes a node of what stands between the delimiters. */
+    static result<marked_text> make(std::string_view value) {
+        auto made = checked(value, Ok, Bad);
+        if (!made) return made.error();
+        return marked_text(adopt, Create(made->get()));
+    }
+    /** What stands between the delimiters. */
+    [[nodiscard]] string value() const noexcept { return string(adopt, Value(this->get())); }
+    result<void> set_value(std::string_view value) {
+        auto made = checked(value, Ok, Bad);
+        if (!made) return made.error();
+        SetValue(this->address(), made->get());
+        return {};
+    }
+    /** Where it was found, if that was recorded. */
+    [[nodiscard]] std::optional<voxml::location> location() const {
+        return location_of(Location(this->get()));
+    }
+};
+
+} // namespace detail
+
+/** @name Nodes that both trees share @{ */
+using comment =
+    detail::marked_text<XML_COMMENT, xmlCommentCreate, xmlCommentValue, xmlCommentSetValue,
+                        xmlValueCommentOk, errc::bad_comment, xmlCommentLocation>;
+using cdata = detail::marked_text<XML_CDATA, xmlCdataCreate, xmlCdataValue, xmlCdataSetValue,
+                                  xmlValueCdataOk, errc::bad_cdata, xmlCdataLocation>;
+/** The value holds the target, white space and the data. */
+using processing_instruction =
+    detail::marked_text<XML_PROCESSING_INSTRUCTION, xmlProcessingInstructionCreate,
+                        xmlProcessingInstructionValue, xmlProcessingInstructionSetValue,
+                        xmlValueProcessingInstructionValueOk, errc::bad_processing_instruction,
+                        xmlProcessingInstructionLocation>;
+
+/** A text node, or the value of an attribute. */
+class text : public handle<XML_TEXT> {
+  public:
+    using handle::handle;
+
+    /** Makes a text of plain characters. */
+    static result<text> make(std::string_view value) {
+        auto made = detail::plain_characters(value);
+        if (!made) return made.error();
+        return text(adopt, xmlTextCreateEscape(made->get()));
+    }
+    /** Makes a text of the escaped form. */
+    static result<text> make_escaped(std::string_view value) {
+        auto made = detail::escaped_characters(value);
+        if (!made) return made.error();
+        return text(adopt, xmlTextCreateValue(made->get()));
+    }
+    /** The plain characters; none where the text refers to an entity that is not predefined. */
+    [[nodiscard]] std::optional<string> value() const noexcept {
+        return detail::optional_of<string>(xmlTextTryUnescape(get()));
+    }
+    [[nodiscard]] string escaped_value() const noexcept {
+        return string(adopt, xmlTextValue(get()));
+    }
+    /** Where it was found, if that was recorded. */
+    [[nodiscard]] std::optional<voxml::location> location() const {
+        return detail::location_of(xmlTextLocation(get()));
+    }
+};
+/** @} */
+
+/** A name in a tree with namespaces, as a parameter and as views give it: a local name and the name
+ *  of its namespace, which is empty for none. Refers to strings that it does not keep. */
+struct qname {
+    std::string_view ns, local;
+
+    template <class Text,
+              class = std::enable_if_t<std::is_convertible_v<const Text &, std::string_view>>>
+    qname(const Text &local_name VOXML_LIFETIMEBOUND) : local(local_name) {}
+    qname(std::string_view ns_name VOXML_LIFETIMEBOUND,
+          std::string_view local_name VOXML_LIFETIMEBOUND)
+        : ns(ns_name), local(local_name) {}
+
+    friend bool operator==(const qname &a, const qname &b) noexcept {
+        return a.local == b.local && a.ns == b.ns;
+    }
+    friend bool operator!=(const qname &a, const qname &b) noexcept { return !(a == b); }
+};
+
+/** A name in a tree with namespaces, as values give it. */
+struct expanded_name {
+    std::optional<string> ns;
+    string local;
+
+    friend bool operator==(const expanded_name &a, const qname &b) noexcept {
+        return a.local == b.local && (a.ns ? *a.ns == b.ns : b.ns.empty());
+    }
+    friend bool operator!=(const expanded_name &a, const qname &b) noexcept { return !(a == b); }
+};
+
+/** How to decode. */
+struct decode_options {
+    bool locations = false;    ///< Gives every node its location; failures have one anyway.
+    std::string_view source{}; ///< The name of the text in locations and failures.
+    voCharsetFlags charset_flags = VO_CHARSET_FLAG_BOM; ///< See xml/xml_options.h.
+};
+
+/** How to encode. */
+struct encode_options {
+    bool declaration = true;          ///< Writes the XML declaration.
+    voCharsetFlags charset_flags = 0; ///< See xml/xml_options.h.
+};
+
+namespace detail {
+
+inline std::string utf8_of(voString *adopted) {
+    return adopted ? string(adopt, adopted).str() : std::string();
+}
+
+/// A failure from an error object of either layer.
+template <class Error, class Code, class Location, class Text, class Hint, class Offset>
+failure failure_of(Error *err, Code code, errc first, Location where, Text text, Hint hint,
+                   Offset offset, const buffer *optional_xml) {
+    const auto number = code(err);
+    failure::details known;
+    known.message = utf8_of(text(number));
+    known.where = location_of(where(err));
+    if (known.where && known.where->source) known.source = known.where->source->str();
+    if (optional_xml) known.hint = utf8_of(hint(err, optional_xml->get()));
+    if (optional_xml) known.byte_offset = offset(err, optional_xml->get());
+    return {static_cast<errc>(static_cast<std::int64_t>(first) + number), std::move(known)};
+}
+
+inline handle<XML_OPTIONS> decoding(const decode_options &wanted) {
+    handle<XML_OPTIONS> options(adopt, xmlOptionsCreate());
+    if (wanted.locations) xmlOptionsSetFlags(options.address(), XML_FLAG_DECODE_LOCATION);
+    xmlOptionsSetDecodeCharsetFlags(options.address(), wanted.charset_flags);
+    return options;
+}
+
+/// The place where a text begins, if it has a name.
+inline std::optional<handle<voParserLocation>> beginning(std::string_view source) {
+    auto name = try_string(source);
+    if (!name || name->empty()) return std::nullopt;
+    return handle<voParserLocation>(adopt, voParserLocationCreate(name->get(), 0, 1, 1));
+}
+
+inline result<handle<XML_DOCUMENT>> decode(const buffer &xml, decode_options wanted) {
+    const auto start = beginning(wanted.source);
+    const auto options = decoding(wanted);
+    const handle<XML_DECODE_RESULT> decoded(
+        adopt, xmlDocumentDecode(xml.get(), options.get(), start ? start->get() : nullptr));
+    if (auto *doc = xmlDecodeResultDocument(decoded.get())) return handle<XML_DOCUMENT>(adopt, doc);
+    if (!std::exchange(wanted.locations, true)) return decode(xml, wanted); // for the failure's
+    const handle<XML_DECODE_ERROR> err(adopt, xmlDecodeResultError(decoded.get()));
+    return failure_of(err.get(), xmlDecodeErrorErrorCode, errc::charset, xmlDecodeErrorLocation,
+                      xmlDecodeErrorCodeMessageText, xmlDecodeErrorTryHint,
+                      xmlDecodeErrorByteOffset, &xml);
+}
+
+/// @param optional_xml what the document was decoded from.
+inline result<handle<XML_NS_DOCUMENT>> resolve(XML_DOCUMENT *plain, const buffer *optional_xml) {
+    const handle<XML_NS_DECODE_RESULT> decoded(adopt, xmlNsDocumentTryDecode(plain));
+    if (auto *doc = xmlNsDecodeResultDocument(decoded.get()))
+        return handle<XML_NS_DOCUMENT>(adopt, doc);
+    const handle<XML_NS_DECODE_ERROR> err(adopt, xmlNsDecodeResultError(decoded.get()));
+    return failure_of(err.get(), xmlNsDecodeErrorErrorCode, errc::namespace_name,
+                      xmlNsDecodeErrorLocation, xmlNsDecodeErrorCodeMessageText,
+                      xmlNsDecodeErrorTryHint, xmlNsDecodeErrorByteOffset, optional_xml);
+}
+
+inline result<handle<XML_NS_DOCUMENT>> decode_ns(const buffer &xml, decode_options wanted) {
+    auto plain = decode(xml, wanted);
+    if (!plain) return plain.error();
+    auto doc = resolve(plain->get(), &xml);
+    if (doc || wanted.locations) return doc;
+    wanted.locations = true;
+    return decode_ns(xml, wanted);
+}
+
+inline failure file_failure(std::string_view path, int error) {
+    failure::details known;
+    known.message = utf8_of(voFileErrorText(error));
+    known.source = std::string(path);
+    known.system_error = error;
+    return {errc::file, std::move(known)};
+}
+
+} // namespace detail
+
+/** A namespace declaration: a prefix, or none for the default namespace, bound to the name of a
+ *  namespace, or to none. See xml/xml_ns_namespace_mapping.h. */
+class namespace_mapping : public handle<XML_NS_NAMESPACE_MAPPING> {
+  public:
+    using handle::handle;
+
+    /** Empty stands for no prefix and for no namespace. */
+    static result<namespace_mapping> make(std::string_view prefix, std::string_view ns) {
+        namespace_mapping made(adopt, xmlNsNamespaceMappingCreate());
+        if (!prefix.empty()) {
+            auto checked = detail::checked(prefix, xmlNsValuePrefixOk, errc::bad_prefix);
+            if (!checked) return checked.error();
+            xmlNsNamespaceMappingSetPrefix(made.address(), checked->get());
+        }
+        if (!ns.empty()) {
+            auto checked = detail::checked(ns, xmlNsValueNamespaceOk, errc::bad_namespace);
+            if (!checked) return checked.error();
+            xmlNsNamespaceMappingSetNamespace(made.address(), checked->get());
+        }
+        return made;
+    }
+    [[nodiscard]] std::optional<string> prefix() const noexcept {
+        return detail::optional_of<string>(xmlNsNamespaceMappingPrefix(get()));
+    }
+    [[nodiscard]] std::optional<string> ns() const noexcept {
+        return detail::optional_of<string>(xmlNsNamespaceMappingNamespace(get()));
+    }
+};
+
+namespace detail {
+
+/// Steps through the places of a range from one that the range calls first() to -1, by its
+/// next(place); at(place) gives what is there.
+template <class Range> class place_iterator {
+  public:
+    using iterator_concept = std::forward_iterator_tag;
+    using iterator_category = std::input_iterator_tag; // at() gives values
+    using value_type = decltype(std::declval<const Range &>().at(0));
+    using difference_type = std::ptrdiff_t;
+    using reference = value_type;
+    using pointer = void;
+
+    place_iterator() = default;
+    place_iterator(const Range *range, std::int64_t place) noexcept
+        : range_(range), place_(place) {}
+
+    value_type operator*() const { return range_->at(place_); }
+    place_iterator &operator++() {
+        place_ = range_->next(place_);
+        return *this;
+    }
+    place_iterator operator++(int) {
+        place_iterator before(*this);
+        ++*this;
+        return before;
+    }
+    friend bool operator==(const place_iterator &a, const place_iterator &b) noexcept {
+        return a.place_ == b.place_;
+    }
+    friend bool operator!=(const place_iterator &a, const place_iterator &b) noexcept {
+        return !(a == b);
+    }
+
+  private:
+    const Range *range_ = nullptr;
+    std::int64_t place_ = -1;
+};
+
+/// What every list offers over size() and operator[]: a forward range of values. `List` is the type
+/// that derives from this.
+template <class List> class list_range {
+  public:
+    [[nodiscard]] bool empty() const noexcept { return list().size() == 0; }
+    [[nodiscard]] auto begin() const noexcept VOXML_LIFETIMEBOUND {
+        return place_iterator<list_range>(this, next(-1));
+    }
+    [[nodiscard]] auto end() const noexcept VOXML_LIFETIMEBOUND {
+        return place_iterator<list_range>(this, -1);
+    }
+
+    /// For the iterator.
+    [[nodiscard]] auto at(std::int64_t place) const { return list()[place]; }
+    [[nodiscard]] std::int64_t next(std::int64_t place) const noexcept {
+        return place + 1 < list().size() ? place + 1 : -1;
+    }
+
+  private:
+    const List &list() const noexcept { return static_cast<const List &>(*this); }
+};
+
+} // namespace detail
+
+/** The namespace declarations of an element, in order, no two of one prefix. */
+class namespace_map : public handle<XML_NS_NAMESPACE_MAP>,
+                      public detail::list_range<namespace_map> {
+  public:
+    using handle::handle;
+
+    namespace_map() : namespace_map(adopt, xmlNsNamespaceMapCreate()) {}
+
+    [[nodiscard]] std::int64_t size() const noexcept { return xmlNsNamespaceMapLength(get()); }
+    [[nodiscard]] namespace_mapping operator[](std::int64_t index) const noexcept {
+        return namespace_mapping(adopt, xmlNsNamespaceMapMappingAt(get(), index));
+    }
+    /** Puts it in the place of the mapping of its prefix, or at the end. */
+    void set(const namespace_mapping &mapping) noexcept {
+        xmlNsNamespaceMapSetMapping(address(), mapping.get());
+    }
+    void erase(std::int64_t index) noexcept { xmlNsNamespaceMapDelMappingAt(address(), index); }
+    /** The mapping of a prefix; empty stands for the default namespace. */
+    [[nodiscard]] std::optional<namespace_mapping> find_prefix(std::string_view prefix) const {
+        if (prefix.empty())
+            return detail::optional_of<namespace_mapping>(
+                xmlNsNamespaceMapMappingForDefault(get()));
+        const auto checked = detail::checked(prefix, xmlNsValuePrefixOk, errc::bad_prefix);
+        if (!checked) return std::nullopt;
+        return detail::optional_of<namespace_mapping>(
+            xmlNsNamespaceMapMappingForPrefix(get(), checked->get()));
+    }
+    /** The first mapping to that namespace. */
+    [[nodiscard]] std::optional<namespace_mapping> find_namespace(std::string_view ns) const {
+        const auto checked = detail::checked(ns, xmlNsValueNamespaceOk, errc::bad_namespace);
+        if (!checked) return std::nullopt;
+        return detail::optional_of<namespace_mapping>(
+            xmlNsNamespaceMapMappingForNamespace(get(), checked->get()));
+    }
+};
+
+// The two layers. Everything below is written once over what these structures tell.
+
+namespace detail {
+
+/// What is called alike in both layers. `xml` is the prefix of functions and `XML` that of types.
+#define VOXML_LAYER_ALIKE(xml, XML)                                                                \
+    using document_t = XML##DOCUMENT;                                                              \
+    using element_t = XML##ELEMENT;                                                                \
+    using attribute_t = XML##ATTRIBUTE;                                                            \
+    using attributes_t = XML##ATTRIBUTES;                                                          \
+    using item_t = XML##ITEM;                                                                      \
+    using items_t = XML##ITEMS;                                                                    \
+    static constexpr auto document_create = xml##DocumentCreate;                                   \
+    static constexpr auto document_version = xml##DocumentVersion;                                 \
+    static constexpr auto document_set_version = xml##DocumentSetVersion;                          \
+    static constexpr auto document_charset = xml##DocumentCharset;                                 \
+    static constexpr auto document_set_charset = xml##DocumentSetCharset;                          \
+    static constexpr auto document_standalone = xml##DocumentStandalone;                           \
+    static constexpr auto document_set_standalone = xml##DocumentSetStandalone;                    \
+    static constexpr auto document_items = xml##DocumentItems;                                     \
+    static constexpr auto document_set_items = xml##DocumentSetItems;                              \
+    static constexpr auto document_location = xml##DocumentLocation;                               \
+    static constexpr auto document_make_all = xml##DocumentMakeAll;                                \
+    static constexpr auto document_root = xml##DocumentRoot;                                       \
+    static constexpr auto document_take_root = xml##DocumentTakeRoot;                              \
+    static constexpr auto document_set_root = xml##DocumentSetRoot;                                \
+    static constexpr auto element_attributes = xml##ElementAttributes;                             \
+    static constexpr auto element_set_attributes = xml##ElementSetAttributes;                      \
+    static constexpr auto element_items = xml##ElementItems;                                       \
+    static constexpr auto element_set_items = xml##ElementSetItems;                                \
+    static constexpr auto element_items_length = xml##ElementItemsLength;                          \
+    static constexpr auto element_items_clear = xml##ElementItemsClear;                            \
+    static constexpr auto element_item_at = xml##ElementItemAt;                                    \
+    static constexpr auto element_item_type_at = xml##ElementItemTypeAt;                           \
+    static constexpr auto element_item_element_at = xml##ElementItemElementAt;                     \
+    static constexpr auto element_insert_item = xml##ElementInsertItem;                            \
+    static constexpr auto element_set_item_at = xml##ElementSetItemAt;                             \
+    static constexpr auto element_set_item_element_at = xml##ElementSetItemElementAt;              \
+    static constexpr auto element_append_item = xml##ElementAppendItem;                            \
+    static constexpr auto element_append_element = xml##ElementAppendItemElement;                  \
+    static constexpr auto element_append_text = xml##ElementAppendItemTextEscape;                  \
+    static constexpr auto element_del_item_at = xml##ElementDelItemAt;                             \
+    static constexpr auto element_take_element_at = xml##ElementTakeItemElementAt;                 \
+    static constexpr auto element_content = xml##ElementTryContent;                                \
+    static constexpr auto element_encode = xml##ElementTryEncode;                                  \
+    static constexpr auto element_location = xml##ElementLocation;                                 \
+    static constexpr auto attribute_text = xml##AttributeText;                                     \
+    static constexpr auto attribute_value = xml##AttributeTextTryUnescape;                         \
+    static constexpr auto attribute_escaped_value = xml##AttributeTextValue;                       \
+    static constexpr auto attribute_set_value = xml##AttributeSetTextEscape;                       \
+    static constexpr auto attribute_set_escaped_value = xml##AttributeSetTextValue;                \
+    static constexpr auto attribute_location = xml##AttributeLocation;                             \
+    static constexpr auto attributes_create = xml##AttributesCreate;                               \
+    static constexpr auto attributes_length = xml##AttributesLength;                               \
+    static constexpr auto attributes_at = xml##AttributesAttributeAt;                              \
+    static constexpr auto attributes_set = xml##AttributesSetAttribute;                            \
+    static constexpr auto attributes_insert = xml##AttributesInsertAttribute;                      \
+    static constexpr auto attributes_del_at = xml##AttributesDelAttributeAt;                       \
+    static constexpr auto item_type = xml##ItemType;                                               \
+    static constexpr auto item_element = xml##ItemElement;                                         \
+    static constexpr auto item_text = xml##ItemText;                                               \
+    static constexpr auto item_cdata = xml##ItemCdata;                                             \
+    static constexpr auto item_comment = xml##ItemComment;                                         \
+    static constexpr auto item_pi = xml##ItemProcessingInstruction;                                \
+    static item_t *item_of(element_t *node) noexcept { return xml##ItemCreateElement(node); }      \
+    static item_t *item_of(XML_TEXT *node) noexcept { return xml##ItemCreateText(node); }          \
+    static item_t *item_of(XML_CDATA *node) noexcept { return xml##ItemCreateCdata(node); }        \
+    static item_t *item_of(XML_COMMENT *node) noexcept { return xml##ItemCreateComment(node); }    \
+    static item_t *item_of(XML_PROCESSING_INSTRUCTION *node) noexcept {                            \
+        return xml##ItemCreateProcessingInstruction(node);                                         \
+    }                                                                                              \
+    static constexpr auto items_create = xml##ItemsCreate;                                         \
+    static constexpr auto items_length = xml##ItemsLength;                                         \
+    static constexpr auto items_at = xml##ItemsItemAt;                                             \
+    static constexpr auto items_set_at = xml##ItemsSetItemAt;                                      \
+    static constexpr auto items_insert = xml##ItemsInsertItem;                                     \
+    static constexpr auto items_del_at = xml##ItemsDelItemAt
+
+struct plain_layer {
+    VOXML_LAYER_ALIKE(xml, XML_);
+
+    using name_view = std::string_view;
+    using name_value = voxml::string;
+
+    /// A name as the library has it.
+    struct name {
+        voxml::string whole;
+    };
+    static result<name> checked_name(name_view given) {
+        auto made = checked_name_part(given, xmlValueNameOk);
+        if (!made) return made.error();
+        return name{std::move(*made)};
+    }
+
+    /// A name that ends with a NUL; `findable` when it is no longer than that says.
+    struct c_name {
+        explicit c_name(name_view given)
+            : whole(given), findable(given.find('\0') == name_view::npos) {}
+        name_view view() const noexcept { return whole; }
+        std::string whole;
+        bool findable;
+    };
+    static element_t *child(element_t *el, const c_name &wanted) noexcept {
+        return xmlElementChild(el, wanted.whole.c_str());
+    }
+    static std::int64_t find_child(element_t *el, std::int64_t from,
+                                   const c_name &wanted) noexcept {
+        return xmlElementFindChild(el, from, wanted.whole.c_str());
+    }
+
+    static name_value name_of(element_t *el) noexcept {
+        return voxml::string(adopt, xmlElementName(el));
+    }
+    static name_value name_of(attribute_t *attr) noexcept {
+        return voxml::string(adopt, xmlAttributeName(attr));
+    }
+    static void rename(element_t **el, const name &to) noexcept {
+        xmlElementSetName(el, to.whole.get());
+    }
+    static void rename(attribute_t **attr, const name &to) noexcept {
+        xmlAttributeSetName(attr, to.whole.get());
+    }
+
+    static element_t *element_create(const name &of) noexcept {
+        return xmlElementCreate(of.whole.get());
+    }
+    static attribute_t *attribute_create(const name &of, voString *plain) noexcept {
+        return xmlAttributeCreateTextEscape(of.whole.get(), plain);
+    }
+    static attribute_t *find(attributes_t *attrs, const name &of) noexcept {
+        return xmlAttributesAttribute(attrs, of.whole.get());
+    }
+    static voString *attribute(element_t *el, const name &of) noexcept {
+        return xmlElementAttributeTextTryUnescape(el, of.whole.get());
+    }
+    static voString *escaped_attribute(element_t *el, const name &of) noexcept {
+        return xmlElementAttributeTextValue(el, of.whole.get());
+    }
+    static int has_attribute(element_t *el, const name &of) noexcept {
+        return xmlElementHasAttribute(el, of.whole.get());
+    }
+    static void set_attribute(element_t **el, const name &of, voString *plain) noexcept {
+        xmlElementSetAttributeNameTextEscape(el, of.whole.get(), plain);
+    }
+    static void set_escaped_attribute(element_t **el, const name &of, voString *value) noexcept {
+        xmlElementSetAttributeNameTextValue(el, of.whole.get(), value);
+    }
+    static void del_attribute(element_t **el, const name &of) noexcept {
+        xmlElementDelAttribute(el, of.whole.get());
+    }
+
+    static result<handle<document_t>> decode(const buffer &xml, const decode_options &wanted) {
+        return detail::decode(xml, wanted);
+    }
+    static handle<XML_DOCUMENT> plain(const handle<document_t> &doc) noexcept { return doc; }
+    static result<handle<XML_NS_DOCUMENT>> resolve(document_t *doc) {
+        return detail::resolve(doc, nullptr);
+    }
+
+    static XML_CURSOR *cursor(document_t *doc) noexcept { return xmlCursorCreate(doc); }
+    static XML_CURSOR *cursor(element_t *el) noexcept { return xmlCursorCreateElement(el); }
+    static name_view name_at(XML_CURSOR *cursor) noexcept {
+        const XML_UTF8 found = xmlCursorName(cursor);
+        return {found.bytes, static_cast<std::size_t>(found.length)};
+    }
+};
+
+struct ns_layer {
+    VOXML_LAYER_ALIKE(xmlNs, XML_NS_);
+
+    using name_view = qname;
+    using name_value = expanded_name;
+
+    struct name {
+        voxml::string local;
+        std::optional<voxml::string> ns;
+
+        voString *ns_or_null() const noexcept { return ns ? ns->get() : nullptr; }
+    };
+    static result<name> checked_name(name_view given) {
+        auto local = checked_name_part(given.local, xmlNsValueLocalNameOk);
+        if (!local) return local.error();
+        if (given.ns.empty()) return name{std::move(*local), std::nullopt};
+        auto ns = checked(given.ns, xmlNsValueNamespaceOk, errc::bad_namespace);
+        if (!ns) return ns.error();
+        return name{std::move(*local), std::move(*ns)};
+    }
+
+    struct c_name {
+        explicit c_name(name_view given)
+            : local(given.local), ns(given.ns), findable(local.find('\0') == std::string::npos &&
+                                                         ns.find('\0') == std::string::npos) {}
+        const char *ns_or_null() const noexcept { return ns.empty() ? nullptr : ns.c_str(); }
+        name_view view() const noexcept { return {ns, local}; }
+        std::string local, ns;
+        bool findable;
+    };
+    static element_t *child(element_t *el, const c_name &wanted) noexcept {
+        return xmlNsElementChild(el, wanted.local.c_str(), wanted.ns_or_null());
+    }
+    static std::int64_t find_child(element_t *el, std::int64_t from,
+                                   const c_name &wanted) noexcept {
+        return xmlNsElementFindChild(el, from, wanted.local.c_str(), wanted.ns_or_null());
+    }
+
+    static name_value name_of(element_t *el) noexcept {
+        return {optional_of<voxml::string>(xmlNsElementNamespace(el)),
+                voxml::string(adopt, xmlNsElementLocalName(el))};
+    }
+    static name_value name_of(attribute_t *attr) noexcept {
+        return {optional_of<voxml::string>(xmlNsAttributeNamespace(attr)),
+                voxml::string(adopt, xmlNsAttributeLocalName(attr))};
+    }
+    static void rename(element_t **el, const name &to) noexcept {
+        xmlNsElementSetName(el, to.local.get(), to.ns_or_null());
+    }
+    static void rename(attribute_t **attr, const name &to) noexcept {
+        xmlNsAttributeSetName(attr, to.local.get(), to.ns_or_null());
+    }
+
+    static element_t *element_create(const name &of) noexcept {
+        return xmlNsElementCreate(of.local.get(), of.ns_or_null());
+    }
+    static attribute_t *attribute_create(const name &of, voString *plain) noexcept {
+        return xmlNsAttributeCreateTextEscape(of.local.get(), of.ns_or_null(), plain);
+    }
+    static attribute_t *find(attributes_t *attrs, const name &of) noexcept {
+        return xmlNsAttributesAttribute(attrs, of.local.get(), of.ns_or_null());
+    }
+    static voString *attribute(element_t *el, const name &of) noexcept {
+        return xmlNsElementAttributeTextTryUnescape(el, of.local.get(), of.ns_or_null());
+    }
+    static voString *escaped_attribute(element_t *el, const name &of) noexcept {
+        return xmlNsElementAttributeTextValue(el, of.local.get(), of.ns_or_null());
+    }
+    static int has_attribute(element_t *el, const name &of) noexcept {
+        return xmlNsElementHasAttribute(el, of.local.get(), of.ns_or_null());
+    }
+    static void set_attribute(element_t **el, const name &of, voString *plain) noexcept {
+        xmlNsElementSetAttributeNameTextEscape(el, of.local.get(), of.ns_or_null(), plain);
+    }
+    static void set_escaped_attribute(element_t **el, const name &of, voString *value) noexcept {
+        xmlNsElementSetAttributeNameTextValue(el, of.local.get(), of.ns_or_null(), value);
+    }
+    static void del_attribute(element_t **el, const name &of) noexcept {
+        xmlNsElementDelAttribute(el, of.local.get(), of.ns_or_null());
+    }
+
+    static constexpr auto namespaces = xmlNsElementNamespaceMap;
+    static constexpr auto set_namespaces = xmlNsElementSetNamespaceMap;
+    static constexpr auto remove_namespaces = xmlNsElementDelNamespaceMap;
+
+    static result<handle<document_t>> decode(const buffer &xml, const decode_options &wanted) {
+        return decode_ns(xml, wanted);
+    }
+    static handle<XML_DOCUMENT> plain(const handle<document_t> &doc) noexcept {
+        return {adopt, xmlNsDocumentEncode(doc.get())};
+    }
+
+    static XML_CURSOR *cursor(document_t *doc) noexcept { return xmlCursorCreateNs(doc); }
+    static XML_CURSOR *cursor(element_t *el) noexcept { return xmlCursorCreateNsElement(el); }
+    static name_view name_at(XML_CURSOR *cursor) noexcept {
+        const XML_UTF8 ns = xmlCursorNamespace(cursor), local = xmlCursorName(cursor);
+        return {{ns.bytes, static_cast<std::size_t>(ns.length)},
+                {local.bytes, static_cast<std::size_t>(local.length)}};
+    }
+};
+
+#undef VOXML_LAYER_ALIKE
+
+} // namespace detail
+
+/** @name Attributes and their list @{ */
+template <class Layer> class basic_attribute : public handle<typename Layer::attribute_t> {
+  public:
+    using handle<typename Layer::attribute_t>::handle;
+    using name_view = typename Layer::name_view;
+
+    /** Makes an attribute with a value of plain characters. */
+    static result<basic_attribute> make(name_view name, std::string_view value) {
+        auto checked = Layer::checked_name(name);
+        if (!checked) return checked.error();
+        auto plain = detail::plain_characters(value);
+        if (!plain) return plain.error();
+        return basic_attribute(adopt, Layer::attribute_create(*checked, plain->get()));
+    }
+    [[nodiscard]] auto name() const noexcept { return Layer::name_of(this->get()); }
+    result<void> set_name(name_view name) {
+        auto checked = Layer::checked_name(name);
+        if (!checked) return checked.error();
+        Layer::rename(this->address(), *checked);
+        return {};
+    }
+    /** None where the value refers to an entity that is not predefined. */
+    [[nodiscard]] std::optional<string> value() const noexcept {
+        return detail::optional_of<string>(Layer::attribute_value(this->get()));
+    }
+    [[nodiscard]] string escaped_value() const noexcept {
+        return string(adopt, Layer::attribute_escaped_value(this->get()));
+    }
+    result<void> set_value(std::string_view value) {
+        auto plain = detail::plain_characters(value);
+        if (!plain) return plain.error();
+        Layer::attribute_set_value(this->address(), plain->get());
+        return {};
+    }
+    result<void> set_escaped_value(std::string_view value) {
+        auto escaped = detail::escaped_characters(value);
+        if (!escaped) return escaped.error();
+        Layer::attribute_set_escaped_value(this->address(), escaped->get());
+        return {};
+    }
+    /** Where it was found, if that was recorded. */
+    [[nodiscard]] std::optional<voxml::location> location() const {
+        return detail::location_of(Layer::attribute_location(this->get()));
+    }
+};
+
+/** The attributes of an element, in order, no two of one name. */
+template <class Layer> class basic_attributes : public handle<typename Layer::attributes_t>,
+                                                public detail::list_range<basic_attributes<Layer>> {
+  public:
+    using handle<typename Layer::attributes_t>::handle;
+    using attribute_type = basic_attribute<Layer>;
+
+    basic_attributes() : basic_attributes(adopt, Layer::attributes_create()) {}
+
+    [[nodiscard]] std::int64_t size() const noexcept {
+        return Layer::attributes_length(this->get());
+    }
+    [[nodiscard]] attribute_type operator[](std::int64_t index) const noexcept {
+        return attribute_type(adopt, Layer::attributes_at(this->get(), index));
+    }
+    /** The attribute of that name. */
+    [[nodiscard]] std::optional<attribute_type> find(typename Layer::name_view name) const {
+        auto checked = Layer::checked_name(name);
+        if (!checked) return std::nullopt;
+        return detail::optional_of<attribute_type>(Layer::find(this->get(), *checked));
+    }
+    /** Puts it in the place of the attribute of its name, or at the end. */
+    void set(const attribute_type &attr) noexcept {
+        Layer::attributes_set(this->address(), attr.get());
+    }
+    /** Before the attribute at `index`, which may be the size. Another one of its name goes. */
+    void insert(std::int64_t index, const attribute_type &attr) noexcept {
+        Layer::attributes_insert(this->address(), index, attr.get());
+    }
+    void erase(std::int64_t index) noexcept { Layer::attributes_del_at(this->address(), index); }
+};
+/** @} */
+
+template <class Layer> class basic_element;
+template <class Layer> class basic_document;
+template <class Layer> class basic_view;
+
+/** A node below an element or a document. */
+template <class Layer> class basic_item : public handle<typename Layer::item_t> {
+  public:
+    using handle<typename Layer::item_t>::handle;
+
+    basic_item(const basic_element<Layer> &node) noexcept : basic_item(of(node)) {}
+    basic_item(const voxml::text &node) noexcept : basic_item(of(node)) {}
+    basic_item(const voxml::cdata &node) noexcept : basic_item(of(node)) {}
+    basic_item(const voxml::comment &node) noexcept : basic_item(of(node)) {}
+    basic_item(const voxml::processing_instruction &node) noexcept : basic_item(of(node)) {}
+
+    [[nodiscard]] item_type type() const noexcept {
+        return static_cast<item_type>(Layer::item_type(this->get()));
+    }
+    /** @name The node, if it is of that kind @{ */
+    [[nodiscard]] std::optional<basic_element<Layer>> element() const noexcept {
+        return detail::optional_of<basic_element<Layer>>(Layer::item_element(this->get()));
+    }
+    [[nodiscard]] std::optional<voxml::text> text() const noexcept {
+        return detail::optional_of<voxml::text>(Layer::item_text(this->get()));
+    }
+    [[nodiscard]] std::optional<voxml::cdata> cdata() const noexcept {
+        return detail::optional_of<voxml::cdata>(Layer::item_cdata(this->get()));
+    }
+    [[nodiscard]] std::optional<voxml::comment> comment() const noexcept {
+        return detail::optional_of<voxml::comment>(Layer::item_comment(this->get()));
+    }
+    [[nodiscard]] std::optional<voxml::processing_instruction>
+    processing_instruction() const noexcept {
+        return detail::optional_of<voxml::processing_instruction>(Layer::item_pi(this->get()));
+    }
+    /** @} */
+
+  private:
+    template <class Node> static basic_item of(const Node &node) noexcept {
+        return basic_item(adopt, Layer::item_of(node.get()));
+    }
+};
+
+/** Nodes in document order. */
+template <class Layer> class basic_items : public handle<typename Layer::items_t>,
+                                           public detail::list_range<basic_items<Layer>> {
+  public:
+    using handle<typename Layer::items_t>::handle;
+    using item_type = basic_item<Layer>;
+
+    basic_items() : basic_items(adopt, Layer::items_create()) {}
+
+    [[nodiscard]] std::int64_t size() const noexcept { return Layer::items_length(this->get()); }
+    [[nodiscard]] item_type operator[](std::int64_t index) const noexcept {
+        return item_type(adopt, Layer::items_at(this->get(), index));
+    }
+    void set(std::int64_t index, const item_type &item) noexcept {
+        Layer::items_set_at(this->address(), index, item.get());
+    }
+    /** Before the node at `index`, which may be the size. */
+    void insert(std::int64_t index, const item_type &item) noexcept {
+        Layer::items_insert(this->address(), index, item.get());
+    }
+    void append(const item_type &item) noexcept { insert(size(), item); }
+    void erase(std::int64_t index) noexcept { Layer::items_del_at(this->address(), index); }
+};
+
+/** The child elements of an element, all or those of one name: a forward range of values. */
+template <class Layer> class basic_elements {
+  public:
+    basic_elements(basic_element<Layer> parent, std::optional<typename Layer::c_name> name)
+        : parent_(std::move(parent)), name_(std::move(name)) {}
+
+    [[nodiscard]] bool empty() const noexcept { return next(-1) < 0; }
+    [[nodiscard]] auto begin() const noexcept VOXML_LIFETIMEBOUND {
+        return detail::place_iterator<basic_elements>(this, next(-1));
+    }
+    [[nodiscard]] auto end() const noexcept VOXML_LIFETIMEBOUND {
+        return detail::place_iterator<basic_elements>(this, -1);
+    }
+
+    /** For the iterator: the element at an index among the items, and the index of the next. */
+    [[nodiscard]] basic_element<Layer> at(std::int64_t place) const noexcept {
+        return basic_element<Layer>(adopt, Layer::element_item_element_at(parent_.get(), place));
+    }
+    [[nodiscard]] std::int64_t next(std::int64_t place) const noexcept {
+        if (name_)
+            return name_->findable ? Layer::find_child(parent_.get(), place + 1, *name_) : -1;
+        const std::int64_t length = Layer::element_items_length(parent_.get());
+        for (++place; place < length; ++place)
+            if (Layer::element_item_type_at(parent_.get(), place) == XML_ITEM_TYPE_ELEMENT)
+                return place;
+        return -1;
+    }
+
+  private:
+    basic_element<Layer> parent_;
+    std::optional<typename Layer::c_name> name_;
+};
+
+/** An attribute in an expression that builds an element: a name and plain characters. */
+template <class Name> struct basic_attr {
+    Name name;
+    std::string_view value;
+};
+
+namespace detail {
+
+template <class T, class = void> struct is_range : std::false_type {};
+template <class T> struct is_range<T, std::void_t<decltype(std::begin(std::declval<const T &>()))>>
+    : std::true_type {};
+
+/// What a function that edits an element gives, with `Found`: whether there was an element.
+template <class Edit, class Element, class Found> using edited =
+    std::conditional_t<std::is_void_v<std::invoke_result_t<Edit, Element &>>, Found, result<Found>>;
+
+} // namespace detail
+
+/** An element: a name, attributes and children. */
+template <class Layer> class basic_element : public handle<typename Layer::element_t> {
+  public:
+    using handle<typename Layer::element_t>::handle;
+    using name_view = typename Layer::name_view;
+    using attr = basic_attr<name_view>;
+    using item_type = basic_item<Layer>;
+
+    /** Builds an element. The parts are what append() takes, or results of those:
+     *
+     *      auto menu = element::make("menu", attr{"day", "Monday"},
+     *                                element::make("dish", "Bread & butter"),
+     *                                comment::make("more to come"));
+     *
+     *  Gives the first failure among them. */
+    template <class... Parts>
+    static result<basic_element> make(name_view name, const Parts &...parts) {
+        auto checked = Layer::checked_name(name);
+        if (!checked) return checked.error();
+        basic_element made(adopt, Layer::element_create(*checked));
+        auto done = made.append(parts...);
+        if (!done) return done.error();
+        return made;
+    }
+
+    /** @name Name @{ */
+    [[nodiscard]] auto name() const noexcept { return Layer::name_of(this->get()); }
+    result<void> set_name(name_view name) {
+        auto checked = Layer::checked_name(name);
+        if (!checked) return checked.error();
+        Layer::rename(this->address(), *checked);
+        return {};
+    }
+    /** @} */
+
+    /** @name Attributes
+     *  A value is none where there is no such attribute; the plain one also where it refers to an
+     *  entity that is not predefined. @{ */
+    [[nodiscard]] std::optional<string> attribute(name_view name) const {
+        auto checked = Layer::checked_name(name);
+        if (!checked) return std::nullopt;
+        return detail::optional_of<string>(Layer::attribute(this->get(), *checked));
+    }
+    [[nodiscard]] std::optional<string> escaped_attribute(name_view name) const {
+        auto checked = Layer::checked_name(name);
+        if (!checked) return std::nullopt;
+        return detail::optional_of<string>(Layer::escaped_attribute(this->get(), *checked));
+    }
+    [[nodiscard]] bool has_attribute(name_view name) const {
+        auto checked = Layer::checked_name(name);
+        return checked && Layer::has_attribute(this->get(), *checked) != 0;
+    }
+    result<void> set_attribute(name_view name, std::string_view value) {
+        return change_attribute(name, detail::plain_characters(value), Layer::set_attribute);
+    }
+    result<void> set_escaped_attribute(name_view name, std::string_view value) {
+        return change_attribute(name, detail::escaped_characters(value),
+                                Layer::set_escaped_attribute);
+    }
+    void remove_attribute(name_view name) {
+        if (auto checked = Layer::checked_name(name))
+            Layer::del_attribute(this->address(), *checked);
+    }
+    [[nodiscard]] basic_attributes<Layer> attributes() const noexcept {
+        return basic_attributes<Layer>(adopt, Layer::element_attributes(this->get()));
+    }
+    void set_attributes(const basic_attributes<Layer> &attrs) noexcept {
+        Layer::element_set_attributes(this->address(), attrs.get());
+    }
+    /** @} */
+
+    /** @name Children @{ */
+    [[nodiscard]] basic_items<Layer> items() const noexcept {
+        return basic_items<Layer>(adopt, Layer::element_items(this->get()));
+    }
+    void set_items(const basic_items<Layer> &items) noexcept {
+        Layer::element_set_items(this->address(), items.get());
+    }
+    /** The number of items. */
+    [[nodiscard]] std::int64_t size() const noexcept {
+        return Layer::element_items_length(this->get());
+    }
+    /** The child elements, all or those of a name. */
+    [[nodiscard]] basic_elements<Layer> elements() const { return {*this, std::nullopt}; }
+    [[nodiscard]] basic_elements<Layer> elements(name_view name) const {
+        return {*this, typename Layer::c_name(name)};
+    }
+    /** The first child element of that name. */
+    [[nodiscard]] std::optional<basic_element> child(name_view name) const {
+        const typename Layer::c_name wanted(name);
+        if (!wanted.findable) return std::nullopt;
+        return detail::optional_of<basic_element>(Layer::child(this->get(), wanted));
+    }
+    /** The texts and CDATA sections below the element at any depth, joined; none where one refers
+     *  to an entity that is not predefined. */
+    [[nodiscard]] std::optional<string> text() const noexcept {
+        return detail::optional_of<string>(Layer::element_content(this->get()));
+    }
+    /** @} */
+
+    /** @name Changing the children @{ */
+
+    /** Appends nodes and sets attributes, from left to right. A part is an element, another node or
+     *  an item; a string, which becomes a text of these plain characters; an `attr{name, value}`; a
+     *  range of parts; or a result of any of them. The parts before the first that fails stay. */
+    template <class... Parts> result<void> append(const Parts &...parts) {
+        result<void> done;
+        (void)(... && (done = add(parts)).has_value());
+        return done;
+    }
+    /** Before the item at `index`, which may be the size. */
+    void insert(std::int64_t index, const item_type &item) noexcept {
+        Layer::element_insert_item(this->address(), index, item.get());
+    }
+    void set(std::int64_t index, const item_type &item) noexcept {
+        Layer::element_set_item_at(this->address(), index, item.get());
+    }
+    void erase(std::int64_t index) noexcept { Layer::element_del_item_at(this->address(), index); }
+    void clear() noexcept { Layer::element_items_clear(this->address()); }
+    /** Replaces all items by a text of plain characters. */
+    result<void> set_text(std::string_view value) {
+        auto plain = detail::plain_characters(value);
+        if (!plain) return plain.error();
+        clear();
+        Layer::element_append_text(this->address(), plain->get());
+        return {};
+    }
+    /** @} */
+
+    /** @name Changing elements in their place
+     *  `edit(child)` is called with child elements that were moved out of this element for the
+     *  time, so that whatever nobody else holds is changed where it is: a change copies neither
+     *  brothers nor parents and takes time that does not grow with their number. The function must
+     *  leave an element in the variable. While it runs, an empty text stands in the child's place,
+     *  and the items of this element must stay as they are: otherwise the process ends when the
+     *  child is put back.
+     *
+     *  A function that gives nothing makes these give whether there was such a child, or how many.
+     *  One that gives a result<void> makes them give a result of that; the first failure ends the
+     *  work, and what was changed before stays changed. @{ */
+
+    /** The child element at `index` among the items. */
+    template <class Edit>
+    detail::edited<Edit, basic_element, bool> edit_at(std::int64_t index, Edit &&edit) {
+        auto *taken = Layer::element_take_element_at(this->address(), index);
+        if (!taken) return false;
+        const loan back{this, index, basic_element(adopt, taken)};
+        return apply(edit, back.child, true);
+    }
+    /** The first child element of that name. */
+    template <class Edit>
+    detail::edited<Edit, basic_element, bool> edit_child(name_view name, Edit &&edit) {
+        const typename Layer::c_name wanted(name);
+        const std::int64_t index = wanted.findable ? Layer::find_child(this->get(), 0, wanted) : -1;
+        if (index < 0) return false;
+        return edit_at(index, edit);
+    }
+    /** Every child element of that name, in order. */
+    template <class Edit>
+    detail::edited<Edit, basic_element, std::int64_t> edit_children(name_view name, Edit &&edit) {
+        const typename Layer::c_name wanted(name);
+        std::int64_t count = 0;
+        if (!wanted.findable) return count;
+        for (std::int64_t at = 0; (at = Layer::find_child(this->get(), at, wanted)) >= 0; ++at) {
+            [[maybe_unused]] auto done = edit_at(at, edit);
+            if constexpr (!std::is_same_v<decltype(done), bool>)
+                if (!done) return done.error();
+            ++count;
+        }
+        return count;
+    }
+    /** @} */
+
+    /** The element in the canonical layout as UTF-8, without an XML declaration. */
+    [[nodiscard]] result<buffer> encode() const { return encode(VO_CHARSET_UTF_8); }
+    /** The same in a character set, one of the constants in vo/vo_charset.h. */
+    [[nodiscard]] result<buffer> encode(voCharset charset) const {
+        auto bytes = detail::optional_of<buffer>(Layer::element_encode(this->get(), charset));
+        if (!bytes) return failure(errc::charset_too_small);
+        return std::move(*bytes);
+    }
+    /** Where it was found, if that was recorded. */
+    [[nodiscard]] std::optional<voxml::location> location() const {
+        return detail::location_of(Layer::element_location(this->get()));
+    }
+    /** Reads the element without making objects. */
+    [[nodiscard]] basic_view<Layer> view() const { return basic_view<Layer>(*this); }
+
+    /** @name Namespace declarations
+     *  Those of this element itself, if it has any; only in the tree with namespaces. @{ */
+    [[nodiscard]] std::optional<namespace_map> namespaces() const noexcept {
+        return detail::optional_of<namespace_map>(Layer::namespaces(this->get()));
+    }
+    void set_namespaces(const namespace_map &map) noexcept {
+        Layer::set_namespaces(this->address(), map.get());
+    }
+    void remove_namespaces() noexcept { Layer::remove_namespaces(this->address()); }
+    /** @} */
+
+  private:
+    /// Puts a child back that was taken out, whatever happens.
+    struct loan {
+        basic_element *parent;
+        std::int64_t index;
+        mutable basic_element child;
+        basic_item<Layer> hole; ///< What stands in the child's place.
+
+        loan(basic_element *from, std::int64_t place, basic_element taken)
+            : parent(from), index(place), child(std::move(taken)), hole(stands_there()) {}
+        loan(const loan &) = delete;
+        loan &operator=(const loan &) = delete;
+        ~loan() {
+            if (index >= Layer::element_items_length(parent->get()) ||
+                stands_there().get() != hole.get())
+                vo___Abort("voxml::element", __FILE__, __LINE__,
+                           "the items of an element were changed while a child was edited");
+            Layer::element_set_item_element_at(parent->address(), index, child.get());
+        }
+        basic_item<Layer> stands_there() const noexcept {
+            return basic_item<Layer>(adopt, Layer::element_item_at(parent->get(), index));
+        }
+    };
+
+    friend class basic_document<Layer>;
+
+    template <class Edit, class Found> static detail::edited<Edit, basic_element, Found>
+    apply(Edit &edit, basic_element &child, Found found) {
+        if constexpr (std::is_void_v<std::invoke_result_t<Edit &, basic_element &>>) {
+            edit(child);
+        } else {
+            result<void> done = edit(child);
+            if (!done) return done.error();
+        }
+        return found;
+    }
+
+    template <class Set>
+    result<void> change_attribute(name_view name, const result<string> &value, Set put) {
+        auto checked = Layer::checked_name(name);
+        if (!checked) return checked.error();
+        if (!value) return value.error();
+        put(this->address(), *checked, value->get());
+        return {};
+    }
+
+    result<void> add(const basic_element &child) {
+        Layer::element_append_element(this->address(), child.get());
+        return {};
+    }
+    result<void> add(const attr &added) { return set_attribute(added.name, added.value); }
+    template <class T> result<void> add(const result<T> &part) {
+        return part ? add(*part) : result<void>(part.error());
+    }
+    template <class Part> result<void> add(const Part &part) {
+        if constexpr (std::is_convertible_v<const Part &, std::string_view>) {
+            auto plain = detail::plain_characters(part);
+            if (!plain) return plain.error();
+            Layer::element_append_text(this->address(), plain->get());
+        } else if constexpr (std::is_convertible_v<const Part &, item_type>) {
+            Layer::element_append_item(this->address(), item_type(part).get());
+        } else {
+            static_assert(detail::is_range<Part>::value, "this cannot be put into an element");
+            for (const auto &each : part)
+                if (auto done = add(each); !done) return done;
+        }
+        return {};
+    }
+};
+
+/** A document: the settings of the XML declaration and the nodes at the top. */
+template <class Layer> class basic_document : public handle<typename Layer::document_t> {
+  public:
+    using handle<typename Layer::document_t>::handle;
+    using element_type = basic_element<Layer>;
+
+    /** An empty document: version 1.0, UTF-8, not standalone. */
+    basic_document() : basic_document(adopt, Layer::document_create()) {}
+    /** A document with this root. */
+    explicit basic_document(const element_type &root) : basic_document() { set_root(root); }
+    /** The same object as a document. */
+    explicit basic_document(handle<typename Layer::document_t> same) noexcept
+        : handle<typename Layer::document_t>(std::move(same)) {}
+
+    /** @name Decoding
+     *  See xml/xml_document_decode.h and, for files, xml/xml_document_file.h. The tree keeps the
+     *  buffer, or a copy of the bytes, until all of its objects are made. In the tree with
+     *  namespaces they are resolved too. @{ */
+    static result<basic_document> decode(std::string_view bytes,
+                                         const decode_options &options = {}) {
+        return decode(buffer(bytes), options);
+    }
+    static result<basic_document> decode(const buffer &bytes, const decode_options &options = {}) {
+        auto decoded = Layer::decode(bytes, options);
+        if (!decoded) return decoded.error();
+        return basic_document(std::move(*decoded));
+    }
+    /** The path names the text unless the options do. */
+    static result<basic_document> decode_file(const std::string &path,
+                                              decode_options options = {}) {
+        int error = 0;
+        auto bytes = detail::optional_of<buffer>(voFileTryRead(path.c_str(), &error));
+        if (!bytes) return detail::file_failure(path, error);
+        if (options.source.empty()) options.source = path;
+        return decode(*bytes, options);
+    }
+    /** @} */
+
+    /** @name Encoding
+     *  In the canonical layout and the document's character set. @{ */
+    [[nodiscard]] result<buffer> encode(const encode_options &wanted = {}) const {
+        handle<XML_OPTIONS> options(adopt, xmlOptionsCreate());
+        if (!wanted.declaration)
+            xmlOptionsSetFlags(options.address(), XML_FLAG_ENCODE_OMIT_XML_DECLARATION);
+        xmlOptionsSetEncodeCharsetFlags(options.address(), wanted.charset_flags);
+        const auto plain = Layer::plain(*this);
+        auto bytes = detail::optional_of<buffer>(xmlDocumentTryEncode(plain.get(), options.get()));
+        if (!bytes) return failure(errc::charset_too_small);
+        return std::move(*bytes);
+    }
+    /** Replaces the file once the new one is whole; after a failure it is as it was. */
+    result<void> encode_file(const std::string &path, const encode_options &options = {}) const {
+        auto bytes = encode(options);
+        if (!bytes) return bytes.error();
+        const int error = voFileReplace(path.c_str(), bytes->get());
+        if (error != 0) return detail::file_failure(path, error);
+        return {};
+    }
+    /** @} */
+
+    /** @name Nodes @{ */
+    /** The first element at the top. */
+    [[nodiscard]] std::optional<element_type> root() const noexcept {
+        return detail::optional_of<element_type>(Layer::document_root(this->get()));
+    }
+    /** Puts it in the place of the first element at the top, or behind all nodes. */
+    void set_root(const element_type &root) noexcept {
+        Layer::document_set_root(this->address(), root.get());
+    }
+    [[nodiscard]] basic_items<Layer> items() const noexcept {
+        return basic_items<Layer>(adopt, Layer::document_items(this->get()));
+    }
+    void set_items(const basic_items<Layer> &items) noexcept {
+        Layer::document_set_items(this->address(), items.get());
+    }
+    /** Changes the root in its place, as basic_element::edit_child() does a child. While the
+     * function runs, the document has no items and must be given none. */
+    template <class Edit> detail::edited<Edit, element_type, bool> edit_root(Edit &&edit) {
+        auto *taken = Layer::document_take_root(this->address());
+        if (!taken) return false;
+        loan back(this, element_type(adopt, taken));
+        return element_type::apply(edit, back.root, true);
+    }
+    /** @} */
+
+    /** @name The XML declaration @{ */
+    [[nodiscard]] string version() const noexcept {
+        return string(adopt, Layer::document_version(this->get()));
+    }
+    result<void> set_version(std::string_view version) {
+        auto checked = detail::checked(version, xmlValueVersionNumOk, errc::bad_version);
+        if (!checked) return checked.error();
+        Layer::document_set_version(this->address(), checked->get());
+        return {};
+    }
+    /** One of the constants in vo/vo_charset.h; another one ends the process. */
+    [[nodiscard]] voCharset charset() const noexcept {
+        return Layer::document_charset(this->get());
+    }
+    void set_charset(voCharset charset) noexcept {
+        Layer::document_set_charset(this->address(), charset);
+    }
+    [[nodiscard]] bool standalone() const noexcept {
+        return Layer::document_standalone(this->get()) != 0;
+    }
+    void set_standalone(bool standalone) noexcept {
+        Layer::document_set_standalone(this->address(), standalone ? 1 : 0);
+    }
+    /** @} */
+
+    /** Where it was found, if that was recorded. */
+    [[nodiscard]] std::optional<voxml::location> location() const {
+        return detail::location_of(Layer::document_location(this->get()));
+    }
+    /** Reads the document without making objects. */
+    [[nodiscard]] basic_view<Layer> view() const { return basic_view<Layer>(*this); }
+    /** See xmlDocumentMakeAll(). */
+    void make_all() const noexcept { Layer::document_make_all(this->get()); }
+
+    /** @name From one tree to the other @{ */
+    /** The document with its names resolved; a failure has no hint and no offset in bytes. Only in
+     *  the plain tree. */
+    [[nodiscard]] result<basic_document<detail::ns_layer>> resolve() const {
+        auto resolved = Layer::resolve(this->get());
+        if (!resolved) return resolved.error();
+        return basic_document<detail::ns_layer>(std::move(*resolved));
+    }
+    /** The document with names as they are written, prefixes included. */
+    [[nodiscard]] basic_document<detail::plain_layer> plain() const noexcept {
+        return basic_document<detail::plain_layer>(Layer::plain(*this));
+    }
+    /** @} */
+
+  private:
+    /// Puts the root back, whatever happens.
+    struct loan {
+        basic_document *document;
+        element_type root;
+
+        basic_items<Layer> others;
+
+        loan(basic_document *from, element_type taken)
+            : document(from), root(std::move(taken)), others(from->items()) {
+            document->set_items({});
+        }
+        loan(const loan &) = delete;
+        loan &operator=(const loan &) = delete;
+        ~loan() {
+            if (document->items().size() != 0)
+                vo___Abort("voxml::document", __FILE__, __LINE__,
+                           "a document was given items while its root was edited");
+            document->set_items(others);
+            others = {}; // The document alone holds them now.
+            document->set_root(root);
+        }
+    };
+};
+
+// ---------------------------------------------------------------- views
+
+namespace detail {
+
+/// Short strings that stay where they are until all are forgotten.
+class text_store {
+  public:
+    std::string_view keep(std::string_view text) {
+        if (text.empty()) return {"", 0};
+        if (text.size() > left_) grow(text.size());
+        char *const kept = at_;
+        std::memcpy(kept, text.data(), text.size());
+        at_ += text.size();
+        left_ -= text.size();
+        return {kept, text.size()};
+    }
+    void forget() noexcept {
+        former_.clear();
+        at_ = block_.get();
+        left_ = capacity_;
+    }
+
+  private:
+    void grow(std::size_t least) {
+        if (block_) former_.push_back(std::move(block_));
+        capacity_ = capacity_ * 2 + 256 > least ? capacity_ * 2 + 256 : least;
+        block_.reset(new char[capacity_]);
+        at_ = block_.get();
+        left_ = capacity_;
+    }
+
+    std::unique_ptr<char[]> block_; ///< The last one;
+    std::vector<std::unique_ptr<char[]>> former_;
+    char *at_ = nullptr;
+    std::size_t left_ = 0;     ///< of it so much is left,
+    std::size_t capacity_ = 0; ///< and it has so many bytes.
+};
+
+} // namespace detail
+
+template <class Layer> class basic_views;
+
+/** A node that is read without making or counting objects: a document, an element, an attribute or
+ *  another node. A view has a cursor of its own (xml/xml_cursor.h), which a copy of the view
+ * copies, and keeps the tree. It is for one thread at a time, reading included.
+ *
+ *  The strings that a view gives stay valid as long as the view lives, is not assigned and, in a
+ *  range, is not followed by the next; each takes memory until then. */
+template <class Layer> class basic_view {
+  public:
+    using name_view = typename Layer::name_view;
+
+    explicit basic_view(const basic_document<Layer> &doc)
+        : cursor_(adopt, Layer::cursor(doc.get())) {}
+    explicit basic_view(const basic_element<Layer> &el) : cursor_(adopt, Layer::cursor(el.get())) {}
+    basic_view(const basic_view &other) : cursor_(adopt, xmlCursorCreateFrom(other.at_home())) {}
+    basic_view(basic_view &&) noexcept = default;
+    basic_view &operator=(const basic_view &other) {
+        basic_view copy(other);
+        return *this = std::move(copy);
+    }
+    basic_view &operator=(basic_view &&) noexcept = default;
+    ~basic_view() = default;
+
+    [[nodiscard]] item_type type() const noexcept {
+        return static_cast<item_type>(xmlCursorType(at_home()));
+    }
+    /** Of an element or attribute; other nodes have an empty one. */
+    [[nodiscard]] name_view name() const VOXML_LIFETIMEBOUND {
+        return keep(Layer::name_at(at_home()));
+    }
+    /** The value of an attribute or of a node that is no element, references resolved. None for
+     *  others, and where it refers to an entity that is not predefined. */
+    [[nodiscard]] std::optional<std::string_view> value() const VOXML_LIFETIMEBOUND {
+        return keep(xmlCursorValueTryUnescape(at_home()));
+    }
+    /** The same as it is stored. */
+    [[nodiscard]] std::optional<std::string_view> escaped_value() const VOXML_LIFETIMEBOUND {
+        return keep(xmlCursorValue(at_home()));
+    }
+    /** The value of the attribute of that name, as basic_element::attribute() gives it. */
+    [[nodiscard]] std::optional<std::string_view>
+    attribute(name_view name) const VOXML_LIFETIMEBOUND {
+        if (!find_attribute(name)) return std::nullopt;
+        return keep(xmlCursorValueTryUnescape(cursor_.get()));
+    }
+    [[nodiscard]] std::optional<std::string_view>
+    escaped_attribute(name_view name) const VOXML_LIFETIMEBOUND {
+        if (!find_attribute(name)) return std::nullopt;
+        return keep(xmlCursorValue(cursor_.get()));
+    }
+    [[nodiscard]] bool has_attribute(name_view name) const { return find_attribute(name); }
+    /** As basic_element::text() gives it. */
+    [[nodiscard]] std::optional<std::string_view> text() const VOXML_LIFETIMEBOUND {
+        std::string_view first;
+        std::string joined;
+        for (bool more = down(at_home(), xmlCursorFirstChild); more; more = advance()) {
+            const XML_ITEM_TYPE type = xmlCursorType(cursor_.get());
+            if (type != XML_ITEM_TYPE_TEXT && type != XML_ITEM_TYPE_CDATA) continue;
+            const auto piece = string_of(xmlCursorValueTryUnescape(cursor_.get()));
+            if (!piece) return std::nullopt;
+            if (first.empty()) {
+                first = store_.keep(*piece);
+            } else {
+                if (joined.empty()) joined = first;
+                joined += *piece;
+            }
+        }
+        return joined.empty() ? first : store_.keep(joined);
+    }
+
+    /** @name Nodes below
+     *  Each range has a cursor of its own and is read once, from its begin() on. @{ */
+    [[nodiscard]] basic_views<Layer> items() const { return {*this, kind::item, std::nullopt}; }
+    [[nodiscard]] basic_views<Layer> attributes() const {
+        return {*this, kind::attribute, std::nullopt};
+    }
+    [[nodiscard]] basic_views<Layer> elements() const {
+        return {*this, kind::element, std::nullopt};
+    }
+    [[nodiscard]] basic_views<Layer> elements(name_view name) const {
+        return {*this, kind::element, typename Layer::c_name(name)};
+    }
+    /** The first element at the top of a document. */
+    [[nodiscard]] std::optional<basic_view> root() const { return elements().first(); }
+    /** The first child element of that name. */
+    [[nodiscard]] std::optional<basic_view> child(name_view name) const {
+        return elements(name).first();
+    }
+    /** @} */
+
+    /** Where it was found, if that was recorded; without a source. */
+    [[nodiscard]] std::optional<voxml::location> location() const {
+        voxml::location found;
+        if (!xmlCursorLocation(at_home(), &found.offset, &found.line, &found.column))
+            return std::nullopt;
+        return found;
+    }
+
+  private:
+    friend class basic_views<Layer>;
+
+    /// What a range goes through.
+    enum class kind { item, element, attribute };
+
+    static std::optional<std::string_view> string_of(XML_UTF8 text) noexcept {
+        if (!text.bytes) return std::nullopt;
+        return std::string_view(text.bytes, static_cast<std::size_t>(text.length));
+    }
+    std::optional<std::string_view> keep(XML_UTF8 text) const {
+        if (!text.bytes) return std::nullopt;
+        return store_.keep({text.bytes, static_cast<std::size_t>(text.length)});
+    }
+    std::string_view keep(std::string_view name) const { return store_.keep(name); }
+    qname keep(const qname &name) const { return {store_.keep(name.ns), store_.keep(name.local)}; }
+
+    /// The cursor, standing on the node. Looking for what is below may have left it there.
+    XML_CURSOR *at_home() const noexcept {
+        for (; depth_ != 0; --depth_)
+            xmlCursorParent(cursor_.get());
+        return cursor_.get();
+    }
+    bool down(XML_CURSOR *cursor, int (*first)(XML_CURSOR *)) const noexcept {
+        if (!first(cursor)) return false;
+        ++depth_;
+        return true;
+    }
+    /// To the next node below this one in document order; home at the end.
+    bool advance() const noexcept {
+        XML_CURSOR *const cursor = cursor_.get();
+        const bool is_element = xmlCursorType(cursor) == XML_ITEM_TYPE_ELEMENT;
+        if (is_element && down(cursor, xmlCursorFirstChild)) return true;
+        while (!xmlCursorNext(cursor)) {
+            xmlCursorParent(cursor);
+            if (--depth_ == 0) return false;
+        }
+        return true;
+    }
+    bool find_attribute(const name_view &name) const noexcept {
+        bool more = down(at_home(), xmlCursorFirstAttribute);
+        while (more && Layer::name_at(cursor_.get()) != name)
+            more = xmlCursorNext(cursor_.get()) != 0;
+        return more;
+    }
+
+    handle<XML_CURSOR> cursor_;
+    mutable std::int64_t depth_ = 0; ///< How far below the node the cursor stands.
+    mutable detail::text_store store_;
+};
+
+/** The views of nodes below one: a range that is read once. `for (const auto &each : range)` moves
+ *  one cursor along; whoever keeps a view for longer copies it. */
+template <class Layer> class basic_views {
+    using view_type = basic_view<Layer>;
+    using kind = typename view_type::kind;
+    using name_view = typename Layer::name_view;
+
+  public:
+    struct sentinel {};
+
+    class iterator {
+      public:
+        using iterator_concept = std::input_iterator_tag;
+        using iterator_category = std::input_iterator_tag;
+        using value_type = view_type;
+        using difference_type = std::ptrdiff_t;
+        using reference = const view_type &;
+        using pointer = const view_type *;
+
+        iterator() = default;
+        explicit iterator(basic_views *range VOXML_LIFETIMEBOUND) noexcept : range_(range) {}
+
+        reference operator*() const noexcept VOXML_LIFETIMEBOUND { return range_->current_; }
+        pointer operator->() const noexcept VOXML_LIFETIMEBOUND { return &range_->current_; }
+        iterator &operator++() {
+            range_->advance();
+            return *this;
+        }
+        void operator++(int) { ++*this; }
+
+        friend bool operator==(const iterator &at, sentinel) noexcept { return at.is_done(); }
+        friend bool operator!=(const iterator &at, sentinel end) noexcept { return !(at == end); }
+        friend bool operator==(sentinel end, const iterator &at) noexcept { return at == end; }
+        friend bool operator!=(sentinel end, const iterator &at) noexcept { return !(at == end); }
+
+      private:
+        bool is_done() const noexcept { return !range_->found_; }
+
+        basic_views *range_ = nullptr;
+    };
+
+    [[nodiscard]] iterator begin() noexcept VOXML_LIFETIMEBOUND { return iterator(this); }
+    [[nodiscard]] sentinel end() const noexcept { return {}; }
+
+  private:
+    friend class basic_view<Layer>;
+
+    basic_views(const view_type &parent, kind wanted, std::optional<typename Layer::c_name> name)
+        : current_(parent), wanted_(wanted), name_(std::move(name)) {
+        const auto first =
+            wanted == kind::attribute ? xmlCursorFirstAttribute : xmlCursorFirstChild;
+        found_ = first(current_.cursor_.get()) != 0;
+        skip();
+    }
+    void advance() {
+        current_.store_.forget();
+        found_ = xmlCursorNext(current_.at_home()) != 0;
+        skip();
+    }
+    /// To the first that is wanted from here on.
+    void skip() noexcept {
+        while (found_ && !is_wanted())
+            found_ = xmlCursorNext(current_.cursor_.get()) != 0;
+    }
+    bool is_wanted() const noexcept {
+        XML_CURSOR *const cursor = current_.cursor_.get();
+        if (wanted_ == kind::element && xmlCursorType(cursor) != XML_ITEM_TYPE_ELEMENT)
+            return false;
+        return !name_ || Layer::name_at(cursor) == name_->view();
+    }
+    std::optional<view_type> first() && {
+        if (!found_) return std::nullopt;
+        return std::move(current_);
+    }
+
+    view_type current_;
+    kind wanted_;
+    std::optional<typename Layer::c_name> name_;
+    bool found_;
+};
+
+// ---------------------------------------------------------------- the types by name
+
+/** @name The plain tree: names as they are written, prefixes included @{ */
+using document = basic_document<detail::plain_layer>;
+using element = basic_element<detail::plain_layer>;
+using elements = basic_elements<detail::plain_layer>;
+using attribute = basic_attribute<detail::plain_layer>;
+using attributes = basic_attributes<detail::plain_layer>;
+using item = basic_item<detail::plain_layer>;
+using items = basic_items<detail::plain_layer>;
+using view = basic_view<detail::plain_layer>;
+using views = basic_views<detail::plain_layer>;
+using attr = basic_attr<std::string_view>;
+/** @} */
+
+/** The tree with namespaces: names are pairs, see qname. */
+namespace ns {
+using document = basic_document<detail::ns_layer>;
+using element = basic_element<detail::ns_layer>;
+using elements = basic_elements<detail::ns_layer>;
+using attribute = basic_attribute<detail::ns_layer>;
+using attributes = basic_attributes<detail::ns_layer>;
+using item = basic_item<detail::ns_layer>;
+using items = basic_items<detail::ns_layer>;
+using view = basic_view<detail::ns_layer>;
+using views = basic_views<detail::ns_layer>;
+using attr = basic_attr<qname>;
+} // namespace ns
+
+} // namespace voxml
+
+/** Equal strings have equal hashes. */
+template <> struct std::hash<voxml::string> {
+    std::size_t operator()(const voxml::string &hashed) const noexcept {
+        return std::hash<std::u32string_view>()(hashed.u32());
+    }
+};
+
+#if defined(__cpp_lib_format)
+/** Formats as a std::string_view does. */
+template <> struct std::formatter<voxml::string> : std::formatter<std::string_view> {
+    template <class Context> auto format(const voxml::string &formatted, Context &context) const {
+        return std::formatter<std::string_view>::format(formatted.str(), context);
+    }
+};
+#endif
+
+#endif

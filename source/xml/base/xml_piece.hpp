@@ -1,0 +1,32 @@
+// A piece of a text.
+#pragma once
+
+#include "vo/vo_string.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace xml {
+
+/// A run of bytes of a UTF-8 text, borrowed.
+struct Piece {
+    const uint8_t *begin;
+    const uint8_t *end;
+
+    int64_t size() const { return end - begin; }
+    std::string_view bytes() const {
+        return {reinterpret_cast<const char *>(begin), size_t(size())};
+    }
+};
+
+/// A new string with the text of the piece.
+inline voString *createString(Piece piece) {
+    return voStringTryCreateFromUtf8(piece.bytes().data(), piece.size());
+}
+
+/// What stands around the value of a node that is no element, by the node's type.
+inline constexpr struct {
+    std::string_view before, after;
+} enclosing[] = {{"", ""}, {"<?", "?>"}, {"<!--", "-->"}, {"", ""}, {"<![CDATA[", "]]>"}, {"", ""}};
+
+} // namespace xml

@@ -1,0 +1,372 @@
+#include "xml/xml_hint.h"
+
+#include "source/vo/vo_utf.hpp"
+#include "source/xml/base/xml_locator.hpp"
+#include "source/xml/base/xml_skip.hpp"
+#include "source/xml/hint/xml_refused.hpp"
+#include "source/xml/outline/xml_outline_builder.hpp"
+#include "xml/xml_options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <optional>
+
+using vo::Ref;
+
+namespace xml {
+namespace {
+
+constexpr const char *exampleDeclaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
+
+Text number(int64_t value, int base = 10) {
+    char digits[24];
+    return {digits, std::to_chars(digits, std::end(digits), value, base).ptr};
+}
+
+Text charsetName(voCharset charset) {
+    Ref name(voCharsetToIanaName(charset));
+    Ref bytes(voStringTryToUtf8(name));
+    return {reinterpret_cast<const char *>(voBufferBacking(bytes)), size_t(voBufferLength(bytes))};
+}
+
+/// A name from the input, as far as it fits into a message.
+Text brief(std::string_view name) {
+    constexpr size_t longest = 60;
+    if (name.size() <= longest) return Text(name);
+    size_t end = longest;
+    while (end > 0 && (name[end] & 0xC0) == 0x80)
+        --end; // not inside a character
+    return Text(name.substr(0, end)) + "...";
+}
+
+Text quoted(std::string_view name) { return "'" + brief(name) + "'"; }
+Text tag(std::string_view name) { return "<" + brief(name) + ">"; }
+
+Text lineAndColumn(int64_t line, int64_t column) {
+    return "line " + number(line) + ", column " + number(column);
+}
+
+// ---------------------------------------------------------------- errors without a place
+
+/// The head of an input as UTF-8, whatever it is.
+Ref<voBuffer> guess(voBuffer *input) {
+    Ref head = headOf(input);
+    const Piece bytes{voBufferBacking(head), voBufferBacking(head) + voBufferLength(head)};
+    const bool isMarked =
+        bytes.bytes().starts_with("\xfe\xff") || bytes.bytes().starts_with("\xff\xfe");
+    return Ref(voCharsetTryConvertBufferToUtf8WithFlags(
+        isMarked ? VO_CHARSET_UTF_16 : VO_CHARSET_UTF_8, head, VO_CHARSET_FLAG_SNIFF));
+}
+
+Text missingDeclaration(voBuffer *input) {
+    constexpr int64_t sample = 16;
+    Ref utf8 = guess(input);
+    const std::string_view head(reinterpret_cast<const char *>(voBufferBacking(utf8)),
+                                size_t(voBufferLength(utf8)));
+    const size_t start = skipSpace(head, 0);
+    if (contains(head, start, "<?xml "))
+        return "the XML declaration must come first; remove what stands before it";
+    constexpr int64_t openingSize = 6; // "<?xml "
+    if (start > 0 && voBufferLength(input) > headLength &&
+        placeOfChar(head.substr(start), openingSize) == head.npos)
+        return "the XML declaration must begin within the first 1024 bytes";
+    if (start == head.size() || head[start] == '<')
+        return Text("a document begins with an XML declaration: ") + exampleDeclaration;
+    return "this does not look like XML; it begins with \"" +
+           Text(head.substr(0, placeOfChar(head, sample))) + "\"";
+}
+
+Text illFormedUtf8(const Refused &refused) {
+    const int64_t offset = refused.firstIllFormed();
+    if (offset < 0) return {};
+    const uint8_t *begin = voBufferBacking(refused.xml);
+    const std::string_view before(reinterpret_cast<const char *>(begin), size_t(offset));
+    const auto line = std::count(before.begin(), before.end(), '\n');
+    const int64_t lineStart = int64_t(before.rfind('\n') + 1); // 0 where there is none
+    Text hexByte = number(begin[offset], 16);
+    std::transform(hexByte.begin(), hexByte.end(), hexByte.begin(),
+                   [](char ch) { return ch >= 'a' ? char(ch - 'a' + 'A') : ch; });
+    Text hint = "byte 0x" + hexByte + " at offset " + number(offset) + " (" +
+                lineAndColumn(line + 1, vo::countUtf8(begin + lineStart, begin + offset) + 1) +
+                ") is not well-formed UTF-8";
+    if (!refused.declaredEncoding().empty()) return hint;
+    return hint + (refused.hasWholeDeclaration()
+                       ? "; the declaration names no other encoding"
+                       : "; an encoding counts if it is declared within the first 1024 bytes");
+}
+
+bool looksLikeUtf8(const Refused &refused) {
+    const uint8_t *bytes = voBufferBacking(refused.xml);
+    const uint8_t *end = bytes + voBufferLength(refused.xml);
+    return std::find(bytes, end, 0) == end && refused.firstIllFormed() < 0;
+}
+
+bool isKnown(std::string_view charset) {
+    Ref name(voStringTryCreateFromUtf8(charset.data(), int64_t(charset.size())));
+    return VO_CHARSET_OK(voCharsetFromIanaName(name));
+}
+
+Text charsetHint(const Refused &refused) {
+    const voCharset charset = refused.input.charset;
+    const std::string_view declared = refused.declaredEncoding();
+    if (voBufferLength(refused.xml) == 0) return "the input is empty";
+    if (!refused.hasDeclaration()) return missingDeclaration(refused.xml);
+    if (declared.empty() || !isKnown(declared)) {
+        Text hint = charset == VO_CHARSET_UTF_8
+                        ? illFormedUtf8(refused)
+                        : "by its first bytes the text is in " + charsetName(charset) +
+                              ", but not all of it is valid there";
+        if (!declared.empty())
+            hint += "; the declared encoding " + quoted(declared) + " is not known";
+        return hint;
+    }
+    if (charset == VO_CHARSET_UTF_8) return illFormedUtf8(refused);
+    return "the declaration names the encoding " + quoted(declared) + ", but the bytes are " +
+           (looksLikeUtf8(refused) ? "well-formed UTF-8" : "not all valid in it");
+}
+
+// ---------------------------------------------------------------- errors at a place
+
+/// What a hint needs: the text, and the place in it that the error is about.
+struct Site {
+    const Refused &refused;
+    std::string_view text;
+    size_t at;
+};
+
+Text faultHint(const AttributeScan &scan) {
+    if (scan.fault == AttributeFault::none) return {};
+    const Text name = quoted(scan.attributes.back().name);
+    switch (scan.fault) {
+    case AttributeFault::duplicate:
+        return "attribute " + name + " is given twice";
+    case AttributeFault::noEquals:
+        return "attribute " + name + " has no value";
+    case AttributeFault::noQuote:
+        return "the value of attribute " + name + " must stand in quotes";
+    case AttributeFault::notClosed:
+        return "the value of attribute " + name + " has no closing quote";
+    case AttributeFault::lessThan:
+        return "write &lt; for \"<\" in the value of attribute " + name + ", or close its quote";
+    default:
+        return "write &amp; for \"&\" in the value of attribute " + name;
+    }
+}
+
+bool isVersion(std::string_view value) {
+    const auto *begin = reinterpret_cast<const uint8_t *>(value.data());
+    const uint8_t *end = begin + value.size();
+    return !value.empty() && skipVersionNum(begin, end) == end;
+}
+
+Text declarationHint(const Site &site) {
+    constexpr std::string_view opening = "<?xml";
+    const AttributeScan scan = scanAttributes(site.text, skipSpace(site.text, 0) + opening.size());
+    if (scan.fault != AttributeFault::none) return faultHint(scan);
+    bool hasVersion = false;
+    for (const auto &[name, value] : scan.attributes) {
+        hasVersion |= name == "version";
+        if (name == "version" && !isVersion(value))
+            return R"(the version is "1." and digits, such as "1.0")";
+        if (name == "standalone" && value != "yes" && value != "no")
+            return R"(the value of standalone is "yes" or "no")";
+    }
+    if (!hasVersion) return R"(the declaration must have a version, such as version="1.0")";
+    return R"(the declaration must end in "?>")";
+}
+
+Text doctypeHint(const Site &) {
+    return "remove the declaration, and replace references to entities that it defines";
+}
+
+/// Where the text goes on behind a part of it.
+size_t behind(const Site &site, std::string_view part) {
+    return size_t(part.data() - site.text.data()) + part.size();
+}
+
+Text tagHint(const Site &site) {
+    if (beginsWith(site.text, site.at, "<!"))
+        return "after \"<!\" only a comment or a CDATA section can follow";
+    const bool isEnd = beginsWith(site.text, site.at, "</");
+    const std::string_view name = tagNameAt(site.text, site.at + isEnd);
+    if (name.empty()) return "write &lt; where \"<\" does not begin a tag";
+    size_t end = behind(site, name);
+    end = isEnd ? skipSpace(site.text, end) : scanAttributes(site.text, end).end;
+    if (!isEnd && beginsWith(site.text, end, "/")) end = skipSpace(site.text, end + 1);
+    const Text subject = "the tag " + quoted(name);
+    const std::string_view next = charAt(site.text, end);
+    if (next.empty()) return subject + " does not end in \">\"";
+    return subject + " cannot hold \"" + Text(next) + "\" here";
+}
+
+/// The `<` of the element that is open just before the site, found by decoding up to there; null
+/// when there is none.
+const uint8_t *openElement(const Site &site) {
+    const Input &input = site.refused.input;
+    const Piece before{input.text.begin, input.text.begin + site.at};
+    const OutlineResult read = buildOutline(input.buffer, before, input.charset);
+    const bool isOpen = !read.outline && read.code == XML_DECODE_ERROR_CODE_TAG_NOT_CLOSED;
+    return isOpen ? read.place : nullptr;
+}
+
+Text mismatchHint(const Site &site) {
+    const Piece text = site.refused.input.text;
+    const uint8_t *open = openElement(site);
+    if (!open) return "no element is open here";
+    Ref options(xmlOptionsCreate());
+    Locator locator(text.begin, text.end, xmlOptionsDecodeNlfFlags(options), nullptr);
+    const vo::Place place = locator.placeOf(open);
+    return "the open element is " + tag(tagNameAt(site.text, size_t(open - text.begin))) + " of " +
+           lineAndColumn(place.line, place.column);
+}
+
+Text notClosedHint(const Site &site) {
+    return tag(tagNameAt(site.text, site.at)) + " has no end tag";
+}
+
+Text instructionHint(const Site &site) {
+    if (!contains(site.text, site.at, "?>")) return "the instruction does not end in \"?>\"";
+    return "an instruction begins with a name, right after \"<?\"";
+}
+
+Text commentHint(const Site &site) {
+    if (!contains(site.text, site.at + 4, "-->")) return "the comment does not end in \"-->\"";
+    return "a comment is not empty, neither begins nor ends with \"-\" and holds no \"--\"";
+}
+
+Text cdataHint(const Site &) { return "the section does not end in \"]]>\""; }
+
+Text attributesHint(const Site &site) {
+    return faultHint(scanAttributes(site.text, behind(site, tagNameAt(site.text, site.at))));
+}
+
+Text textHint(const Site &site) {
+    if (beginsWith(site.text, site.at, "&#"))
+        return "character references are for attribute values; write the character itself";
+    if (!nameAt(site.text, site.at + 1).empty())
+        return "write &amp; for \"&\", or end the reference with \";\"";
+    return "write &amp; for \"&\"";
+}
+
+// ---------------------------------------------------------------- namespaces
+
+/// The name at fault: the site is an element's `<` or an attribute's first character.
+std::string_view nameAtFault(const Site &site) {
+    const bool isElement = beginsWith(site.text, site.at, "<");
+    return isElement ? tagNameAt(site.text, site.at) : nameAt(site.text, site.at);
+}
+
+Text namespaceHint(const Site &) {
+    return "a namespace name holds no undefined entity, and is not the one reserved for \"xmlns\"";
+}
+
+Text prefixHint(const Site &site) {
+    return "in " + quoted(nameAtFault(site)) + " the prefix is not a name";
+}
+
+Text unknownPrefixHint(const Site &site) {
+    const std::string_view name = nameAtFault(site);
+    return "declare the prefix with xmlns:" + brief(name.substr(0, name.find(':'))) +
+           "=\"...\" here or further out";
+}
+
+Text localNameHint(const Site &site) {
+    return "in " + quoted(nameAtFault(site)) + " a name without a colon must follow the prefix";
+}
+
+// ---------------------------------------------------------------- both layers
+
+using SiteHint = Text (*)(const Site &);
+
+/// By error code. An error of the character set has no place.
+constexpr SiteHint plainHints[] = {
+    nullptr,         declarationHint, doctypeHint, tagHint,        mismatchHint, notClosedHint,
+    instructionHint, commentHint,     cdataHint,   attributesHint, textHint,
+};
+static_assert(std::size(plainHints) == XML_DECODE_ERROR_CODE_TEXT + 1);
+
+constexpr SiteHint nsHints[] = {namespaceHint, prefixHint, unknownPrefixHint, localNameHint};
+static_assert(std::size(nsHints) == XML_NS_DECODE_ERROR_CODE_LOCAL_NAME + 1);
+
+/// The place of an optional location in the text.
+std::optional<size_t> placeIn(const Refused &refused, voParserLocation *optionalLocation) {
+    if (!optionalLocation || !refused.input.buffer) return std::nullopt;
+    const size_t place = placeOfChar(refused.text(), voParserLocationOffset(optionalLocation));
+    return place == Text::npos ? std::nullopt : std::optional(place);
+}
+
+Text hintAt(const Refused &refused, voParserLocation *optionalLocation, SiteHint hint) {
+    if (refused.contradictsItself())
+        return "the declaration is written in " + charsetName(refused.declaration.readable) +
+               ", but names the encoding " + quoted(refused.declaredEncoding());
+    if (!hint) return charsetHint(refused);
+    const auto place = placeIn(refused, optionalLocation);
+    return place ? hint({refused, refused.text(), *place}) : Text();
+}
+
+/// Whether decoding gives this error at this place. Hints rely on it: bytes that are not those that
+/// were refused may have anything there.
+bool gives(const Refused &refused, XML_DECODE_ERROR_CODE code, voParserLocation *optionalLocation) {
+    if (code == XML_DECODE_ERROR_CODE_CHARSET) return true;
+    const auto place = placeIn(refused, optionalLocation);
+    const Input &input = refused.input;
+    if (!place) return false;
+    const OutlineResult read = buildOutline(input.buffer, input.text, input.charset);
+    return !read.outline && read.code == code && read.place == input.text.begin + *place;
+}
+
+voString *stringOrNull(const Text &hint) {
+    if (hint.empty()) return nullptr;
+    return voStringTryCreateFromUtf8(hint.data(), int64_t(hint.size()));
+}
+
+int64_t byteOffsetOf(const Refused &refused, voParserLocation *optionalLocation) {
+    const auto place = placeIn(refused, optionalLocation);
+    return place ? refused.byteOffset(*place) : -1;
+}
+
+} // namespace
+} // namespace xml
+
+voString *xmlDecodeErrorTryHint(XML_DECODE_ERROR *err, voBuffer *xml) {
+    VO_ASSERT(err);
+    VO_ASSERT(xml);
+    Ref location(xmlDecodeErrorLocation(err));
+    const XML_DECODE_ERROR_CODE code = xmlDecodeErrorErrorCode(err);
+    const xml::Refused refused(xml);
+    if (!refused.contradictsItself() && !xml::gives(refused, code, location)) return nullptr;
+    return xml::stringOrNull(xml::hintAt(refused, location, xml::plainHints[code]));
+}
+
+voString *xmlNsDecodeErrorTryHint(XML_NS_DECODE_ERROR *err, voBuffer *xml) {
+    VO_ASSERT(err);
+    VO_ASSERT(xml);
+    Ref location(xmlNsDecodeErrorLocation(err));
+    const xml::Refused refused(xml);
+    return xml::stringOrNull(
+        xml::hintAt(refused, location, xml::nsHints[xmlNsDecodeErrorErrorCode(err)]));
+}
+
+int64_t xmlDecodeErrorByteOffset(XML_DECODE_ERROR *err, voBuffer *xml) {
+    VO_ASSERT(err);
+    VO_ASSERT(xml);
+    const xml::Refused refused(xml);
+    if (xmlDecodeErrorErrorCode(err) != XML_DECODE_ERROR_CODE_CHARSET)
+        return xml::byteOffsetOf(refused, Ref(xmlDecodeErrorLocation(err)));
+    const bool isUtf8 = refused.hasDeclaration() && refused.input.charset == VO_CHARSET_UTF_8;
+    return isUtf8 ? refused.firstIllFormed() : -1;
+}
+
+int64_t xmlNsDecodeErrorByteOffset(XML_NS_DECODE_ERROR *err, voBuffer *xml) {
+    VO_ASSERT(err);
+    VO_ASSERT(xml);
+    return xml::byteOffsetOf(xml::Refused(xml), Ref(xmlNsDecodeErrorLocation(err)));
+}
+
+voString *xmlDocumentTryDecodeText(voBuffer *xml) {
+    VO_ASSERT(xml);
+    const xml::Input input = xml::readInput(xml, VO_CHARSET_FLAG_BOM);
+    if (!input.buffer) return nullptr;
+    return voStringTryCreateFromUtf8(input.text.bytes().data(), input.text.size());
+}

@@ -1,0 +1,91 @@
+#include "source/xml/hint/xml_markup.hpp"
+
+#include "source/xml/base/xml_piece.hpp"
+#include "source/xml/base/xml_skip.hpp"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace xml {
+namespace {
+
+using Names = std::unordered_set<std::string_view, std::hash<std::string_view>, std::equal_to<>,
+                                 vo::Allocator<std::string_view>>;
+
+Piece pieceFrom(std::string_view text, size_t at) {
+    const auto *begin = reinterpret_cast<const uint8_t *>(text.data());
+    return {begin + std::min(at, text.size()), begin + text.size()};
+}
+
+AttributeFault faultOf(std::string_view value) {
+    if (contains(value, 0, "<")) return AttributeFault::lessThan;
+    for (size_t at = 0; (at = value.find('&', at)) != value.npos; ++at) {
+        const Piece rest = pieceFrom(value, at);
+        if (skipReference(rest.begin, rest.end) == rest.begin) return AttributeFault::badReference;
+    }
+    return AttributeFault::none;
+}
+
+/// Reads one attribute behind its name.
+AttributeFault scanValue(std::string_view text, size_t &at, std::string_view &value) {
+    at = skipSpace(text, at);
+    if (!beginsWith(text, at, "=")) return AttributeFault::noEquals;
+    at = skipSpace(text, at + 1);
+    if (!beginsWith(text, at, "\"") && !beginsWith(text, at, "'")) return AttributeFault::noQuote;
+    const size_t quote = std::min(text.find(text[at], at + 1), text.size());
+    value = text.substr(at + 1, quote - at - 1);
+    if (quote == text.size()) return AttributeFault::notClosed;
+    at = quote + 1;
+    return faultOf(value);
+}
+
+} // namespace
+
+size_t skipSpace(std::string_view text, size_t at) {
+    while (at < text.size() && isSpace(static_cast<unsigned char>(text[at])))
+        ++at;
+    return at;
+}
+
+bool beginsWith(std::string_view text, size_t at, std::string_view token) {
+    return at < text.size() && text.substr(at).starts_with(token);
+}
+
+bool contains(std::string_view text, size_t at, std::string_view token) {
+    return text.find(token, at) != text.npos;
+}
+
+std::string_view charAt(std::string_view text, size_t at) {
+    if (at >= text.size()) return {};
+    const Piece rest = pieceFrom(text, at);
+    const uint8_t *next = rest.begin;
+    (void)vo::decodeUtf8(next, rest.end);
+    return Piece{rest.begin, next}.bytes();
+}
+
+std::string_view nameAt(std::string_view text, size_t at) {
+    const Piece rest = pieceFrom(text, at);
+    return Piece{rest.begin, skipName(rest.begin, rest.end)}.bytes();
+}
+
+std::string_view tagNameAt(std::string_view text, size_t at) {
+    return nameAt(text, skipSpace(text, at + 1));
+}
+
+AttributeScan scanAttributes(std::string_view text, size_t at) {
+    AttributeScan scan;
+    Names names;
+    for (;;) {
+        scan.end = at = skipSpace(text, at);
+        AttributeView attribute{nameAt(text, at), {}};
+        if (attribute.name.empty()) return scan;
+        at += attribute.name.size();
+        scan.fault = scanValue(text, at, attribute.value);
+        if (scan.fault == AttributeFault::none && !names.insert(attribute.name).second)
+            scan.fault = AttributeFault::duplicate;
+        scan.attributes.push_back(attribute);
+        if (scan.fault != AttributeFault::none) return scan;
+    }
+}
+
+} // namespace xml

@@ -1,0 +1,137 @@
+/* Makes the calls that null_arguments.py has generated, each in a child, and prints a line about
+ * how it ended: null_arguments NUMBER_OF_CALLS */
+#define _POSIX_C_SOURCE 200809L
+#include "vo/vo.h"
+#include "xml/xml.h"
+
+#include <signal.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+static voString *str(const char *utf8) { return voStringTryCreateFromUtf8(utf8, -1); }
+
+static voVector *vector(void) {
+    voVector *vec = voVectorCreate();
+    voVectorAppendObj(&vec, (voObj *)str("a"));
+    return vec;
+}
+
+static voDict *dict(void) {
+    voDict *dict = voDictCreate();
+    voDictSetStringKey(&dict, str("a"), (voObj *)str("b"));
+    return dict;
+}
+
+static voStore *store(void) {
+    voStore *store = voStoreCreate();
+    voStoreSetStoreCstr(&store, "a", -1, voStoreCreate());
+    return store;
+}
+
+static XML_ELEMENT *element(void) {
+    XML_ELEMENT *el = xmlElementCreate(str("a"));
+    xmlElementSetAttributeNameTextValue(&el, str("a"), str("b"));
+    xmlElementAppendItemTextValue(&el, str("b"));
+    return el;
+}
+
+static XML_NS_ELEMENT *nsElement(void) {
+    XML_NS_ELEMENT *el = xmlNsElementCreate(str("a"), NULL);
+    xmlNsElementSetAttributeNameTextValue(&el, str("a"), NULL, str("b"));
+    xmlNsElementAppendItemTextValue(&el, str("b"));
+    return el;
+}
+
+static XML_NS_NAMESPACE_MAP *map(void) {
+    XML_NS_NAMESPACE_MAP *map = xmlNsNamespaceMapCreate();
+    xmlNsNamespaceMapAppendMapping(&map, xmlNsNamespaceMappingCreate());
+    return map;
+}
+
+/* A valid object of each type. */
+#define NEW_char "a"
+#define NEW_int ((int[1]){0})
+#define NEW_int64_t ((int64_t[1]){0})
+#define NEW_uint32_t voMemAllocN(1, 4)
+#define NEW_void voMemAllocN(1, 8)
+#define NEW_voBuffer voBufferCreateFromBytesCopy("ab", 2)
+#define NEW_voDict dict()
+#define NEW_voEnum voEnumCreate()
+#define NEW_voFlagset voFlagsetCreate()
+#define NEW_voMessage voMessageCreateFormatCstr(1, NULL, "a", -1)
+#define NEW_voModule xmlModule()
+#define NEW_voObj ((voObj *)str("a"))
+#define NEW_voParserLocation voParserLocationCreate(NULL, 0, 1, 1)
+#define NEW_voParserLocationMap voParserLocationMapCreate(NULL, 0, NEW_uint32_t, 1)
+#define NEW_voSort voStringSort()
+#define NEW_voStore store()
+#define NEW_voString str("a")
+#define NEW_voVector vector()
+#define NEW_XML_ATTRIBUTE xmlAttributeCreate(str("a"))
+#define NEW_XML_ATTRIBUTES xmlElementAttributes(element())
+#define NEW_XML_CDATA xmlCdataCreate(str("a"))
+#define NEW_XML_COMMENT xmlCommentCreate(str("a"))
+#define NEW_XML_CURSOR xmlCursorCreateElement(element())
+#define NEW_XML_DECODE_ERROR xmlDecodeErrorCreate(0, NULL)
+#define NEW_XML_DECODE_RESULT xmlDecodeResultCreate(xmlDocumentCreate())
+#define NEW_XML_DOCUMENT xmlDocumentCreate()
+#define NEW_XML_ELEMENT element()
+#define NEW_XML_ITEM xmlItemCreateElement(element())
+#define NEW_XML_ITEMS xmlElementItems(element())
+#define NEW_XML_NS_ATTRIBUTE xmlNsAttributeCreate(str("a"), NULL)
+#define NEW_XML_NS_ATTRIBUTES xmlNsElementAttributes(nsElement())
+#define NEW_XML_NS_DECODE_ERROR xmlNsDecodeErrorCreate(0, NULL)
+#define NEW_XML_NS_DECODE_RESULT xmlNsDecodeResultCreate(xmlNsDocumentCreate())
+#define NEW_XML_NS_DOCUMENT xmlNsDocumentCreate()
+#define NEW_XML_NS_ELEMENT nsElement()
+#define NEW_XML_NS_ITEM xmlNsItemCreateElement(nsElement())
+#define NEW_XML_NS_ITEMS xmlNsElementItems(nsElement())
+#define NEW_XML_NS_NAMESPACE_MAP map()
+#define NEW_XML_NS_NAMESPACE_MAPPING xmlNsNamespaceMappingCreate()
+#define NEW_XML_OPTIONS xmlOptionsCreate()
+#define NEW_XML_PROCESSING_INSTRUCTION xmlProcessingInstructionCreate(str("a"))
+#define NEW_XML_TEXT xmlTextCreate()
+
+static void call(long number) {
+    switch (number) {
+#include "calls.inc"
+    }
+}
+
+/* Runs a call with its standard error in a pipe. */
+static void try(long number) {
+    int ends[2], status = 0;
+    char text[1000];
+    if (pipe(ends)) exit(1);
+    pid_t child = fork();
+    if (child < 0) exit(1);
+    if (child == 0) {
+        dup2(ends[1], STDERR_FILENO);
+        call(number);
+        _exit(0);
+    }
+    close(ends[1]);
+    ssize_t length = read(ends[0], text, sizeof text);
+    close(ends[0]);
+    waitpid(child, &status, 0);
+    if (WIFEXITED(status))
+        puts("returned");
+    else if (WTERMSIG(status) == SIGABRT && length > 0 && text[length - 1] == '\n')
+        printf("aborted: %.*s", (int)length, text);
+    else
+        printf("ended by signal %d\n", WTERMSIG(status));
+}
+
+int main(int argc, char **argv) {
+    const struct rlimit noCore = {0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+    setvbuf(stdout, NULL, _IOFBF, 1 << 20);
+    voModuleStartup(xmlModule());
+    const long count = argc > 1 ? strtol(argv[1], NULL, 10) : 0;
+    for (long number = 0; number < count; number++)
+        try(number);
+    return fflush(stdout) != 0;
+}

@@ -1,0 +1,245 @@
+// The header's values, strings, results and views, in both trees.
+#include "tests/cpp/layers.hpp"
+
+#include <fstream>
+#include <ranges>
+#include <sstream>
+#include <thread>
+#include <unordered_set>
+
+using namespace test;
+using voxml::errc;
+
+static_assert(std::ranges::forward_range<voxml::elements>);
+static_assert(std::ranges::forward_range<voxml::ns::items>);
+static_assert(std::ranges::forward_range<voxml::attributes>);
+static_assert(std::ranges::forward_range<voxml::namespace_map>);
+static_assert(std::ranges::input_range<voxml::ns::views>);
+
+namespace {
+
+LAYER_TEST_SUITE(Values);
+
+TYPED_TEST(Values, are_built_in_one_expression) {
+    using element = typename TypeParam::element;
+    using attr = typename TypeParam::attr;
+    const std::vector<std::string> texts = {"a<b", "c"};
+    auto made = element::make("menu", attr{"day", "\"M&N\""}, voxml::comment::make(" c "),
+                              element::make("dish", texts), voxml::cdata::make("<"),
+                              voxml::processing_instruction::make("p i"), voxml::text::make("t"));
+    EXPECT_EQ(xml(*made), "<menu day='\"M&amp;N\"'><!-- c --><dish>a&lt;bc</dish>"
+                          "<![CDATA[<]]><?p i?>t</menu>");
+}
+
+TYPED_TEST(Values, share_until_one_of_them_changes) {
+    auto doc = decoded<TypeParam>("<a><b x='1'/><b/></a>");
+    const auto before = doc;
+    EXPECT_TRUE(
+        doc.edit_root([](auto &root) { root.edit_child("b", [](auto &b) { b.clear(); }); }));
+    EXPECT_EQ(xml(doc), "<a><b x=\"1\"/><b/></a>");
+    doc.edit_root([](auto &root) {
+        EXPECT_EQ(
+            root.edit_children("b", [](auto &b) { return b.set_attribute("x", "2"); }).value(), 2);
+        EXPECT_FALSE(root.edit_child("c", [](auto &) { ADD_FAILURE(); }));
+        EXPECT_FALSE(root.edit_child(std::string_view("b\0", 2), [](auto &) { ADD_FAILURE(); }));
+    });
+    EXPECT_EQ(xml(doc), "<a><b x=\"2\"/><b x=\"2\"/></a>");
+    EXPECT_EQ(xml(before), "<a><b x=\"1\"/><b/></a>");
+}
+
+TYPED_TEST(Values, are_put_back_when_an_edit_fails_or_throws) {
+    auto doc = decoded<TypeParam>("<a><b/></a>");
+    const auto refused = doc.edit_root([](auto &root) {
+        auto done = root.edit_child("b", [](auto &b) { return b.set_name("-"); });
+        return done ? voxml::result<void>() : done.error();
+    });
+    EXPECT_EQ(refused.error().code(), errc::bad_name);
+    EXPECT_THROW(doc.edit_root([](auto &root) { root.edit_at(0, [](auto &) { throw 1; }); }), int);
+    EXPECT_EQ(xml(doc), "<a><b/></a>");
+}
+
+TYPED_TEST(Values, lose_nothing_when_edits_meet) {
+    auto doc = decoded<TypeParam>("<a><b/><c/></a>");
+    doc.edit_root([&](auto &root) {
+        EXPECT_FALSE(doc.edit_root([](auto &) { ADD_FAILURE(); }));
+        root.edit_at(0, [&](auto &b) {
+            EXPECT_FALSE(root.edit_at(0, [](auto &) { ADD_FAILURE(); }));
+            EXPECT_TRUE(root.edit_at(1, [](auto &c) { c.append("2").value(); }));
+            b.append("1").value();
+        });
+        EXPECT_DEATH(root.edit_at(0, [&](auto &) { root.clear(); }),
+                     "were changed while a child was edited");
+    });
+    EXPECT_EQ(xml(doc), "<a><b>1</b><c>2</c></a>");
+    EXPECT_DEATH(doc.edit_root([&](auto &root) { doc.set_root(root); }),
+                 "given items while its root was edited");
+}
+
+TYPED_TEST(Values, refuse_what_a_tree_cannot_hold) {
+    using element = typename TypeParam::element;
+    using attr = typename TypeParam::attr;
+    auto el = element::make("a", attr{"x", "1"}).value();
+    const auto code = [](const auto &result) { return result.error().code(); };
+    EXPECT_EQ(code(element::make("")), errc::bad_name);
+    EXPECT_EQ(code(element::make("a", element::make("\xC0\x80"))), errc::bad_utf8);
+    EXPECT_EQ(code(el.append("\xED\xA0\x80")), errc::bad_utf8);
+    EXPECT_EQ(code(el.set_name("a b")), errc::bad_name);
+    EXPECT_EQ(code(el.set_attribute("x", "\xFF")), errc::bad_utf8);
+    EXPECT_EQ(code(el.set_escaped_attribute("x", "<")), errc::bad_escaped_text);
+    EXPECT_EQ(code(voxml::comment::make("a--b")), errc::bad_comment);
+    EXPECT_EQ(code(voxml::cdata::make("]]>")), errc::bad_cdata);
+    EXPECT_EQ(code(voxml::processing_instruction::make("1")), errc::bad_processing_instruction);
+    EXPECT_EQ(code(typename TypeParam::document().set_version("2")), errc::bad_version);
+    EXPECT_FALSE(el.attribute("a b") || el.has_attribute("\xFF") || el.child("<"));
+    el.remove_attribute("a b");
+    EXPECT_EQ(xml(el), "<a x=\"1\"/>");
+}
+
+TYPED_TEST(Values, are_read_alike_as_objects_and_through_views) {
+    auto doc = decoded<TypeParam>("<a x='&lt;1' y='&unknown;'><b>t<!--c--><![CDATA[&]]><i>&gt;</i>"
+                                  "</b><c/><b/>&unknown;</a>");
+    const auto check = [](const auto &root) {
+        EXPECT_EQ(*root.attribute("x"), "<1");
+        EXPECT_EQ(*root.escaped_attribute("y"), "&unknown;");
+        EXPECT_TRUE(root.has_attribute("y"));
+        EXPECT_FALSE(root.attribute("y") || root.attribute("z") || root.text() || root.child("d"));
+        EXPECT_EQ(*root.child("b")->text(), "t&>");
+        EXPECT_EQ(*root.child("c")->text(), "");
+        size_t named = 0, elements = 0, items = 0, attributes = 0;
+        for (const auto &each : root.elements("b"))
+            named += each.name() == "b";
+        for ([[maybe_unused]] const auto &each : root.elements())
+            ++elements;
+        for ([[maybe_unused]] const auto &each : root.items())
+            ++items;
+        for ([[maybe_unused]] const auto &each : root.attributes())
+            ++attributes;
+        EXPECT_EQ(std::tuple(named, elements, items, attributes), std::tuple(2, 3, 4, 2));
+    };
+    check(*doc.root());
+    check(*doc.view().root());
+}
+
+TYPED_TEST(Values, tell_where_they_were_found) {
+    const auto doc = TypeParam::document::decode(declaration + "\n<a>\n <b/></a>",
+                                                 {.locations = true, .source = "f.xml"})
+                         .value();
+    const auto found = doc.root()->child("b")->location();
+    EXPECT_EQ(std::tuple(found->line, found->column), std::tuple(3, 2));
+    EXPECT_EQ(*found->source, "f.xml");
+    EXPECT_EQ(doc.view().root()->child("b")->location()->offset, found->offset);
+    EXPECT_FALSE(decoded<TypeParam>("<a/>").root()->location());
+}
+
+TEST(Namespaces, give_names_as_pairs) {
+    const auto doc = decoded<Namespaced>("<a xmlns='u' xmlns:p='v' p:x='1' x='2'><p:b/></a>");
+    const auto check = [](const auto &root) {
+        EXPECT_TRUE((root.name() == voxml::qname{"u", "a"}));
+        EXPECT_EQ(*root.attribute({"v", "x"}), "1");
+        EXPECT_EQ(*root.attribute("x"), "2");
+        EXPECT_TRUE(root.child({"v", "b"}) && !root.child("b"));
+    };
+    check(*doc.root());
+    check(*doc.view().root());
+    const auto map = *doc.root()->namespaces();
+    EXPECT_EQ(*map.find_prefix("p")->ns(), "v");
+    EXPECT_FALSE(map.find_prefix("")->prefix());
+    EXPECT_EQ(xml(doc.plain()), "<a p:x=\"1\" x=\"2\" xmlns=\"u\" xmlns:p=\"v\"><p:b/></a>");
+    EXPECT_EQ(doc.plain().resolve()->root()->size(), 1);
+    EXPECT_EQ(voxml::ns::element::make({"http://www.w3.org/2000/xmlns/", "a"}).error().code(),
+              errc::bad_namespace);
+}
+
+TEST(Strings, compare_print_and_hash_as_their_text) {
+    const std::string utf8 = "a\u00E9\u20AC\U0001F600";
+    const auto made = voxml::element::make("n", utf8).value();
+    const voxml::string string = *made.text();
+    EXPECT_EQ(string, utf8);
+    for (size_t cut = 0; cut < utf8.size(); ++cut)
+        EXPECT_NE(string, utf8.substr(0, cut)) << cut;
+    EXPECT_NE(string, utf8 + "x");
+    EXPECT_EQ(string.u32(), U"a\u00E9\u20AC\U0001F600");
+    EXPECT_EQ(std::string(string), utf8);
+    std::ostringstream out;
+    out << string;
+    EXPECT_EQ(out.str(), utf8);
+    EXPECT_EQ(std::unordered_set<voxml::string>({string, *made.text()}).size(), 1u);
+    const uint32_t surrogate = 0xD800;
+    EXPECT_EQ(voxml::string(voxml::adopt, voStringCreateFromCharsCopy(&surrogate, 1)).str(),
+              "\uFFFD");
+}
+
+TEST(Views, keep_their_strings_and_do_not_disturb_each_other) {
+    const auto doc = decoded<Plain>("<a x='&lt;' y='&gt;'><b z='&amp;'>1</b><b>2</b></a>");
+    const auto root = *doc.view().root();
+    const auto x = *root.attribute("x"), y = *root.attribute("y");
+    std::string read;
+    for (const auto &b : root.elements("b")) {
+        const auto copy = b;
+        read +=
+            std::string(*b.text()) + std::string(*root.attribute("x")) + std::string(*copy.text());
+    }
+    EXPECT_EQ(read, "1<12<2");
+    EXPECT_EQ(std::string(x) + std::string(y), "<>");
+}
+
+struct Refusal {
+    std::string text;
+    errc code;
+    int64_t line, column, byte;
+};
+
+TEST(Failures, say_what_is_wrong_and_where) {
+    for (const Refusal &row : {Refusal{"\n<a>\n</b>", errc::tag_mismatch, 3, 1, 43},
+                               Refusal{"<a x='\u20AC'>&</a>", errc::text, 1, 48, 49},
+                               Refusal{"<!DOCTYPE a>", errc::doctype, 1, 39, 38},
+                               Refusal{"<p:a/>", errc::namespace_prefix_unknown, 1, 39, 38}}) {
+        const auto refused = voxml::ns::document::decode(declaration + row.text, {.source = "f"});
+        ASSERT_FALSE(refused) << row.text;
+        const voxml::failure &why = refused.error();
+        EXPECT_EQ(why.code(), row.code) << row.text;
+        EXPECT_EQ(std::tuple(why.line(), why.column(), why.byte_offset()),
+                  std::tuple(row.line, row.column, row.byte))
+            << row.text;
+        EXPECT_EQ(why.to_string(), "f:" + std::to_string(row.line) + ":" +
+                                       std::to_string(row.column) + ": error: " + why.message());
+    }
+    const auto mismatch = voxml::document::decode(declaration + "<a></b>").error();
+    EXPECT_NE(mismatch.hint().find("<a>"), std::string::npos) << mismatch.hint();
+    EXPECT_DEATH((void)voxml::element::make("-").value(), "not a name");
+}
+
+TEST(Files, are_read_and_written_whole_or_not_at_all) {
+    const std::string path = testing::TempDir() + "voxml_cpp_test.xml";
+    auto doc = decoded<Plain>("<a>\u00E9</a>");
+    ASSERT_TRUE(doc.encode_file(path));
+    EXPECT_EQ(xml(voxml::document::decode_file(path).value()), xml(doc));
+    doc.set_charset(VO_CHARSET_US_ASCII);
+    EXPECT_EQ(doc.encode_file(path).error().code(), errc::charset_too_small);
+    EXPECT_TRUE(voxml::document::decode_file(path));
+    std::remove(path.c_str());
+    const auto missing = voxml::document::decode_file(path).error();
+    EXPECT_EQ(missing.code(), errc::file);
+    EXPECT_EQ(missing.system_error(), ENOENT);
+    EXPECT_EQ(voxml::document().encode_file(path + "/x").error().code(), errc::file);
+    EXPECT_FALSE(std::ifstream(path));
+}
+
+TEST(Threads, derive_trees_from_one_and_read_it) {
+    const auto doc = decoded<Plain>("<a><b/><b/></a>");
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([doc = voxml::document(doc), i]() mutable {
+            const std::string mine = std::to_string(i);
+            doc.edit_root([&](auto &root) {
+                EXPECT_EQ(
+                    root.edit_children("b", [&](auto &b) { return b.set_text(mine); }).value(), 2);
+            });
+            EXPECT_EQ(*doc.view().root()->text(), mine + mine);
+        });
+    for (auto &thread : threads)
+        thread.join();
+    EXPECT_EQ(xml(doc), "<a><b/><b/></a>");
+}
+
+} // namespace
