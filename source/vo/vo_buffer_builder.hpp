@@ -37,9 +37,9 @@ class BufferBuilder {
         const uint32_t *at = string->items(), *end = at + string->length;
         while (at < end) {
             const uint32_t *stop = end - at > stride ? at + stride : end;
-            uint8_t *to = narrowToUtf8(reserve(size_t(stop - at) * 4), at, stop);
-            if (!to) return false;
-            wrote(to);
+            const Narrowed done = narrowToUtf8(reserve(size_t(stop - at) * 4), at, stop);
+            if (done.at < stop) return false;
+            wrote(done.out);
             at = stop;
         }
         return true;

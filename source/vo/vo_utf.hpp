@@ -212,12 +212,18 @@ inline uint32_t *widenUtf8(uint32_t *out, const uint8_t *at, const uint8_t *end)
     return out;
 }
 
-/// Writes code points as UTF-8 and gives the end of what it wrote, or null when one is a surrogate
-/// or above U+10FFFF. Needs room for four bytes for each, which it may write to.
-inline uint8_t *narrowToUtf8(uint8_t *out, const uint32_t *at, const uint32_t *end) {
+/// How far code points were written as UTF-8.
+struct Narrowed {
+    uint8_t *out;       ///< The end of what was written.
+    const uint32_t *at; ///< The first code point that was not.
+};
+
+/// Writes code points as UTF-8, up to the first that is a surrogate or above U+10FFFF. Needs room
+/// for four bytes for each, which it may write to.
+inline Narrowed narrowToUtf8(uint8_t *out, const uint32_t *at, const uint32_t *end) {
 #if defined(__SSE2__)
     while (end - at >= 32)
-        if (!narrowStep(out, at)) return nullptr;
+        if (!narrowStep(out, at)) return {out, at};
     // Four at a time what is too short for a step, as most names and values are.
     for (const __m128i zero = _mm_setzero_si128(); end - at >= 4; at += 4, out += 4) {
         __m128i chars = load16(at);
@@ -228,11 +234,9 @@ inline uint8_t *narrowToUtf8(uint8_t *out, const uint32_t *at, const uint32_t *e
         std::memcpy(out, &bytes, sizeof(bytes));
     }
 #endif
-    for (; at < end; ++at) {
-        if (!isScalar(*at)) return nullptr;
+    for (; at < end && isScalar(*at); ++at)
         out += encodeUtf8(out, *at);
-    }
-    return out;
+    return {out, at};
 }
 
 } // namespace vo

@@ -77,11 +77,12 @@ class StringText {
     Piece convert(voString *string) {
         const uint32_t *chars = string->items(), *end = chars + string->length;
         uint8_t *begin = room.reserve(4 * string->length);
-        if (uint8_t *behind = vo::narrowToUtf8(begin, chars, end)) return {begin, behind};
-        uint8_t *out = begin;
-        for (; chars < end; ++chars)
-            out += vo::encodeUtf8(out, vo::isScalar(*chars) ? *chars : vo::replacementChar);
-        return {begin, out};
+        vo::Narrowed done = vo::narrowToUtf8(begin, chars, end);
+        while (done.at < end) {
+            done.out += vo::encodeUtf8(done.out, vo::replacementChar);
+            done = vo::narrowToUtf8(done.out, done.at + 1, end);
+        }
+        return {begin, done.out};
     }
 
     TextRoom room;

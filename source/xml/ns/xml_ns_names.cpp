@@ -65,7 +65,7 @@ NsPrefix &NsPrefixes::at(std::span<const uint8_t> key) {
 
 NsPrefix &NsPrefixes::at(std::span<const uint32_t> key) {
     vo::Vec<uint8_t> utf8(4 * key.size());
-    const uint8_t *end = vo::narrowToUtf8(utf8.data(), key.data(), key.data() + key.size());
+    const uint8_t *end = vo::narrowToUtf8(utf8.data(), key.data(), key.data() + key.size()).out;
     return at(std::span<const uint8_t>(utf8.data(), end));
 }
 
