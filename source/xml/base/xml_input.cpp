@@ -12,6 +12,8 @@ using vo::Ref;
 namespace xml {
 namespace {
 
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
 constexpr voCharset unicodeCharsets[] = {
     VO_CHARSET_UTF_8,    VO_CHARSET_UTF_16BE, VO_CHARSET_UTF_16LE,
     VO_CHARSET_UTF_32BE, VO_CHARSET_UTF_32LE,
@@ -70,6 +72,7 @@ Declaration declarationIfReadAs(voCharset candidate, voBuffer *head) {
 std::optional<voCharset> charsetOfPlainHead(voBuffer *bytes) {
     const uint8_t *begin = voBufferBacking(bytes);
     Head head{begin, begin + std::min(voBufferLength(bytes), headLength)};
+    head.skip(byteOrderMark);
     head.end = vo::skipAscii(head.begin, head.end);
     if (!head.skip("<?xml") || head.begin == head.end || !isSpace(*head.begin)) return std::nullopt;
     if (const auto named = declaredCharset(head)) return named;
@@ -104,7 +107,7 @@ Input readInput(voBuffer *bytes, voCharsetFlags flags) {
     if (!charset) return {VO_CHARSET_UTF_8, {}};
     if (*charset == VO_CHARSET_UTF_8 && !(flags & VO_CHARSET_FLAG_SNIFF)) {
         Head text{textOf(bytes)};
-        if (flags & VO_CHARSET_FLAG_BOM) text.skip("\xEF\xBB\xBF");
+        if (flags & VO_CHARSET_FLAG_BOM) text.skip(byteOrderMark);
         if (!vo___Utf8IsValid(text.begin, text.size())) return {*charset, {}};
         return {*charset, Ref(vo::retained(bytes)), text};
     }
