@@ -33,6 +33,22 @@ struct Chunk {
 /// Gives back `count` places of objects that have gone; the last one frees the chunk.
 void leaveChunk(Chunk *chunk, int64_t count);
 
+/// A new object with a count of 1 whose fields are not set. It becomes an object by with(), which
+/// takes a value for each of them.
+template <class T> class [[nodiscard]] Unset {
+  public:
+    explicit Unset(voObj *placed) : object(reinterpret_cast<T *>(placed)) {}
+
+    /// Sets all of fields(), in that order; adopts references.
+    template <class... Values> T *with(Values... values) {
+        object->fields() = std::tuple<Values...>(values...);
+        return object;
+    }
+
+  private:
+    T *object;
+};
+
 /// Places objects one behind another in chunks. Objects are ordinary in every other way: they are
 /// retained, released, changed and kept like any object, and outlive the placer. An object that
 /// is kept keeps its chunk, at most 64 KB. Not for more than one thread at a time.
@@ -45,10 +61,7 @@ class ChunkPlacer {
     ChunkPlacer &operator=(const ChunkPlacer &) = delete;
     ~ChunkPlacer() { close(); }
 
-    /// A new object with a count of 1; the caller sets its fields.
-    template <class T> T *create(voSort *sort) {
-        return reinterpret_cast<T *>(place(sizeof(T), sort));
-    }
+    template <class T> Unset<T> create(voSort *sort) { return Unset<T>(place(sizeof(T), sort)); }
 
     /// A new array; the caller sets its items. In a chunk it takes what it needs; outside it has
     /// the room that every array of its own has.

@@ -18,6 +18,9 @@ std::mutex &makingLock(const void *source);
 template <class T, class Source> class OnDemand {
   public:
     OnDemand() = default;
+    /// Adopts the object, or a reference to the source of an object to be made.
+    explicit OnDemand(T *made) : word(reinterpret_cast<uintptr_t>(made)) {}
+    explicit OnDemand(Source *source) : word(reinterpret_cast<uintptr_t>(source) | pendingBit) {}
     OnDemand(const OnDemand &other) : word(other.word.load(std::memory_order_relaxed)) {}
     /// Takes over what the other holds; neither is known to a second thread yet.
     OnDemand &operator=(const OnDemand &other) {
@@ -27,11 +30,8 @@ template <class T, class Source> class OnDemand {
 
     bool operator==(const OnDemand &other) const { return word == other.word; }
 
-    /// Adopts the object, or a reference to the source of an object to be made.
+    /// Adopts the object.
     void set(T *made) { word.store(reinterpret_cast<uintptr_t>(made), std::memory_order_release); }
-    void setPending(Source *source) {
-        word.store(reinterpret_cast<uintptr_t>(source) | pendingBit, std::memory_order_relaxed);
-    }
 
     /// The same for a field that holds something, in an object that is private.
     void replace(T *made) {

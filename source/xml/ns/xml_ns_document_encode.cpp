@@ -163,8 +163,8 @@ template <class Target, class Level> class Encoder : public xml::NsWalk<Target, 
     template <class Element> Ref<XML_ATTRIBUTES> attributes(const Element &el) {
         const size_t count = el.attributes() + names.declarations().size();
         if (count == 0) return Ref(share<XML_ATTRIBUTES>(noAttributes));
-        Ref list(place.create<XML_ATTRIBUTES>(sorts.attributes));
-        list->vector = place.vector(int64_t(count));
+        auto unset = place.create<XML_ATTRIBUTES>(sorts.attributes);
+        Ref list(unset.with(place.vector(int64_t(count))));
         for (size_t i = 0; i < el.attributes(); ++i) {
             if (!el.isAttribute(i)) continue;
             Ref name = qualified(names.attributePrefix(el.ns(i)), stringOf(el.local(i)));
@@ -196,11 +196,8 @@ template <class Target, class Level> class Encoder : public xml::NsWalk<Target, 
     };
 
     XML_ATTRIBUTE *attribute(Ref<voString> name, XML_TEXT *adoptedText) {
-        auto *made = place.create<XML_ATTRIBUTE>(sorts.attribute);
-        made->name = name.take();
-        made->text = adoptedText;
-        made->location = nullptr;
-        return made;
+        auto made = place.create<XML_ATTRIBUTE>(sorts.attribute);
+        return made.with(name.take(), adoptedText, nullptr);
     }
 
     Ref<voString> xmlnsPrefix{xml___NsBuiltinNamespacesXmlnsPrefix()};
@@ -228,18 +225,14 @@ class TreeMaker : public Encoder<TreeMaker, TreeLevel> {
 
     template <class Element> void element(const Element &el, Level &level) {
         declare(el, level);
-        level.element = place.create<XML_ELEMENT>(sorts.element);
-        level.element->name = qualified(names.elementPrefix(el.ns()), stringOf(el.local())).take();
-        level.element->attributes = attributes(el).take();
-        level.element->location = nullptr;
-        level.element->items = nullptr;
+        auto unset = place.create<XML_ELEMENT>(sorts.element);
+        voString *name = qualified(names.elementPrefix(el.ns()), stringOf(el.local())).take();
+        level.element = unset.with(name, attributes(el).take(), nullptr, nullptr);
         push(levels()[levels().size() - 2], XML_ITEM_TYPE_ELEMENT, vo::obj(level.element));
     }
 
     void entered(Level &level, int64_t length) {
-        Ref<XML_ITEMS> list(length ? place.create<XML_ITEMS>(sorts.items)
-                                   : share<XML_ITEMS>(noItems));
-        if (length) list->itemsVector.set(level.to = place.vector(length));
+        Ref list(length ? createList(level, length) : share<XML_ITEMS>(noItems));
         if (level.element)
             level.element->items = list.take();
         else
@@ -254,12 +247,16 @@ class TreeMaker : public Encoder<TreeMaker, TreeLevel> {
     void node(const xml::Outline &, const xml::Node &) { VO_UNREACHABLE(); }
 
   private:
+    XML_ITEMS *createList(Level &level, int64_t length) {
+        auto list = place.create<XML_ITEMS>(sorts.items);
+        level.to = place.vector(length);
+        return list.with(decltype(XML_ITEMS::itemsVector)(level.to));
+    }
+
     /// Adopts the node.
     void push(Level &level, XML_ITEM_TYPE type, voObj *node) {
-        auto *item = place.create<XML_ITEM>(sorts.item);
-        item->tag = xml::itemTag(type, 0);
-        item->value.set(node);
-        place.push(level.to, item);
+        auto item = place.create<XML_ITEM>(sorts.item);
+        place.push(level.to, item.with(xml::itemTag(type), decltype(XML_ITEM::value)(node)));
     }
 
     Ref<XML_ITEMS> noItems{xmlItemsCreate()};
@@ -373,7 +370,7 @@ XML_DOCUMENT *xml___NsDocumentEncode(XML_NS_DOCUMENT *doc,
     document->version.set(doc->version.get());
     document->charset = doc->charset;
     document->standalone = doc->standalone;
-    document->items.setPending(encoding);
+    document->items = decltype(document->items)(encoding);
     return document;
 }
 

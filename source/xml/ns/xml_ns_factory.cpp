@@ -12,14 +12,10 @@
 namespace xml {
 
 XML_NS_ELEMENT *NsFactory::element(XML_ELEMENT *plain, const NsNumber *numbers) {
-    auto *made = place.create<XML_NS_ELEMENT>(sorts.element);
-    made->localName = localName(plain->name);
-    made->ns = ns(numbers[0]);
-    made->attributes = attributes(plain->attributes->vector, numbers + 1);
-    made->namespaceMap = namespaceMap(plain->attributes->vector, numbers + 1);
-    made->location = vo::retained(plain->location);
-    made->items = nullptr;
-    return made;
+    auto made = place.create<XML_NS_ELEMENT>(sorts.element);
+    voVector *of = plain->attributes->vector;
+    return made.with(localName(plain->name), ns(numbers[0]), attributes(of, numbers + 1), nullptr,
+                     namespaceMap(of, numbers + 1), vo::retained(plain->location));
 }
 
 XML_NS_ATTRIBUTES *NsFactory::attributes(voVector *plain, const NsNumber *numbers) {
@@ -28,17 +24,14 @@ XML_NS_ATTRIBUTES *NsFactory::attributes(voVector *plain, const NsNumber *number
         if (!noAttributes) noAttributes = vo::Ref(xmlNsAttributesCreate());
         return vo::retained<XML_NS_ATTRIBUTES>(noAttributes);
     }
-    auto *list = place.create<XML_NS_ATTRIBUTES>(sorts.attributes);
-    list->vector = place.vector(count);
+    auto unset = place.create<XML_NS_ATTRIBUTES>(sorts.attributes);
+    auto *list = unset.with(place.vector(count));
     for (int64_t i = 0; i < plain->length; ++i) {
         if (!isNsAttribute(numbers[i])) continue;
         auto *attr = reinterpret_cast<XML_ATTRIBUTE *>(plain->items()[i]);
-        auto *made = place.create<XML_NS_ATTRIBUTE>(sorts.attribute);
-        made->localName = localName(attr->name);
-        made->ns = ns(numbers[i]);
-        made->text = vo::retained(attr->text);
-        made->location = vo::retained(attr->location);
-        place.push(list->vector, made);
+        auto made = place.create<XML_NS_ATTRIBUTE>(sorts.attribute);
+        place.push(list->vector, made.with(localName(attr->name), ns(numbers[i]),
+                                           vo::retained(attr->text), vo::retained(attr->location)));
     }
     return list;
 }
@@ -47,36 +40,29 @@ XML_NS_NAMESPACE_MAP *NsFactory::namespaceMap(voVector *plain, const NsNumber *n
     const auto declares = [](NsNumber number) { return (number & nsDeclares) != 0; };
     const auto count = std::count_if(numbers, numbers + plain->length, declares);
     if (count == 0) return nullptr;
-    auto *map = place.create<XML_NS_NAMESPACE_MAP>(sorts.map);
-    map->mappings = place.vector(count);
-    map->index = nullptr;
+    auto unset = place.create<XML_NS_NAMESPACE_MAP>(sorts.map);
+    auto *map = unset.with(place.vector(count), nullptr);
     for (int64_t i = 0; i < plain->length; ++i) {
         if (!declares(numbers[i])) continue;
         voString *name = reinterpret_cast<XML_ATTRIBUTE *>(plain->items()[i])->name;
-        auto *mapping = place.create<XML_NS_NAMESPACE_MAPPING>(sorts.mapping);
+        auto mapping = place.create<XML_NS_NAMESPACE_MAPPING>(sorts.mapping);
         const bool isDefault = name->length == 5; // xmlns
-        mapping->prefix = isDefault ? nullptr : localName(name);
-        mapping->ns = ns(numbers[i] & ~nsDeclares);
-        place.push(map->mappings, mapping);
+        place.push(map->mappings, mapping.with(isDefault ? nullptr : localName(name),
+                                               ns(numbers[i] & ~nsDeclares)));
     }
     xml___NsNamespaceMapBuildCache(&map);
     return map;
 }
 
 XML_NS_ITEM *NsFactory::item(XML_ITEM_TYPE type, voObj *node) {
-    auto *item = place.create<XML_NS_ITEM>(sorts.item);
-    item->tag = itemTag(type);
-    item->value.set(node);
-    item->plain = nullptr;
-    return item;
+    using Value = decltype(XML_NS_ITEM::value);
+    return place.create<XML_NS_ITEM>(sorts.item).with(itemTag(type), Value(node), nullptr);
 }
 
 XML_NS_ITEM *NsFactory::pendingItem(XML_ITEM *plain, uint64_t number, NsOutline *outline) {
-    auto *item = place.create<XML_NS_ITEM>(sorts.item);
-    item->tag = itemTag(plain->type(), number);
-    item->value.setPending(outline);
-    item->plain = vo::retained(plain);
-    return item;
+    using Value = decltype(XML_NS_ITEM::value);
+    return place.create<XML_NS_ITEM>(sorts.item)
+        .with(itemTag(plain->type(), number), Value(outline), vo::retained(plain));
 }
 
 XML_NS_ITEMS *NsFactory::list(int64_t length) {
@@ -84,16 +70,14 @@ XML_NS_ITEMS *NsFactory::list(int64_t length) {
         if (!noItems) noItems = vo::Ref(xmlNsItemsCreate());
         return vo::retained<XML_NS_ITEMS>(noItems);
     }
-    auto *list = place.create<XML_NS_ITEMS>(sorts.items);
-    list->itemsVector.set(place.vector(length));
-    list->plain = nullptr;
-    return list;
+    using Vector = decltype(XML_NS_ITEMS::itemsVector);
+    auto made = place.create<XML_NS_ITEMS>(sorts.items);
+    return made.with(Vector(place.vector(length)), nullptr);
 }
 
 XML_NS_ITEMS *createPendingItems(XML_ITEMS *plain, uint64_t element, NsOutline *outline) {
     auto *list = vo::create<XML_NS_ITEMS>(xmlNsItemsSort());
-    list->itemsVector.setPending(outline);
-    list->plain = vo::retained(plain);
+    list->fields() = std::tuple(decltype(list->itemsVector)(outline), vo::retained(plain));
     list->element = element;
     return list;
 }

@@ -7,6 +7,12 @@
 #include <algorithm>
 
 namespace xml {
+namespace {
+
+using ItemValue = decltype(XML_ITEM::value);
+using ItemsVector = decltype(XML_ITEMS::itemsVector);
+
+} // namespace
 
 ObjectMaker &makerOf(Outline *outline) {
     if (!outline->maker) outline->maker = vo::make<ObjectMaker>(*outline);
@@ -17,16 +23,15 @@ XML_ITEMS *createRootItems(vo::Ref<Outline> outline) {
     if (outline->count == 0) return xmlItemsCreate(); // Lists that are not made have some items.
     auto *list = vo::create<XML_ITEMS>(xmlItemsSort());
     list->element = Outline::root;
-    list->itemsVector.setPending(outline.take());
+    list->itemsVector = ItemsVector(outline.take());
     return list;
 }
 
 ObjectMaker::ObjectMaker(Outline &decoded)
     : outline(decoded), place(vo::Chunk::smallest),
       names(decoded.names.size()), ascii{decoded.source.text.begin, decoded.source.text.begin} {
-    auto *none = create<XML_ATTRIBUTES>(sorts.attributes);
-    none->vector = place.createArray<voVector>(sorts.vector, 0);
-    noAttributes = Stock(none);
+    auto none = create<XML_ATTRIBUTES>(sorts.attributes);
+    noAttributes = Stock(none.with(place.createArray<voVector>(sorts.vector, 0)));
     noItems = Stock(list(0));
 }
 
@@ -92,33 +97,19 @@ XML_ITEM *ObjectMaker::leafItem(const Node &node) {
 }
 
 XML_ITEM *ObjectMaker::createLeafItem(const Node &node) {
-    XML_ITEM *item = createItem(itemTag(node.kind));
-    item->value.set(vo::obj(characterData(node)));
-    return item;
-}
-
-/// An item without a node, which the caller adds.
-XML_ITEM *ObjectMaker::createItem(uint64_t tag) {
-    auto *item = create<XML_ITEM>(sorts.item);
-    item->tag = tag;
-    return item;
+    auto item = create<XML_ITEM>(sorts.item);
+    return item.with(itemTag(node.kind), ItemValue(vo::obj(characterData(node))));
 }
 
 /// An item whose node is not made. It will hold a reference to the outline, which the caller adds.
 XML_ITEM *ObjectMaker::pendingItem(uint64_t tag) {
-    XML_ITEM *item = createItem(tag);
-    item->value.setPending(&outline);
-    return item;
+    return create<XML_ITEM>(sorts.item).with(tag, ItemValue(&outline));
 }
 
 /// The element without its items; `content` is the first record of those.
 XML_ELEMENT *ObjectMaker::element(const Node &node, uint64_t number, uint64_t content) {
-    auto *made = create<XML_ELEMENT>(sorts.element);
-    made->name = name(node.name);
-    made->location = location(node);
-    made->attributes = attributes(number + 1, content);
-    made->items = nullptr;
-    return made;
+    auto made = create<XML_ELEMENT>(sorts.element);
+    return made.with(name(node.name), attributes(number + 1, content), nullptr, location(node));
 }
 
 /// Puts items with their nodes and all below those into `children`, for the records from `number`
@@ -135,20 +126,17 @@ void ObjectMaker::addItems(uint64_t number, uint64_t end) {
             continue;
         }
         const uint64_t content = outline.behindAttributes(number);
-        XML_ITEM *item = createItem(itemTag(node.kind));
+        auto item = create<XML_ITEM>(sorts.item);
         XML_ELEMENT *inner = element(node, number, content);
-        item->value.set(vo::obj(inner));
-        children.push_back(item);
+        children.push_back(item.with(itemTag(node.kind), ItemValue(vo::obj(inner))));
         open.push_back({inner, node.end, children.size()});
         number = content;
     }
 }
 
 CharacterData *ObjectMaker::characterData(const Node &node) {
-    auto *made = create<CharacterData>(sorts.nodes[node.kind]);
-    made->location = location(node);
-    made->value = string(outline.pieceOf(node));
-    return made;
+    auto made = create<CharacterData>(sorts.nodes[node.kind]);
+    return made.with(string(outline.pieceOf(node)), location(node));
 }
 
 /// The shared item of a text that is nothing but white space; null for other nodes. More than half
@@ -174,38 +162,32 @@ XML_ITEM *ObjectMaker::blankItem(const Node &node) {
 
 XML_ATTRIBUTES *ObjectMaker::attributes(uint64_t begin, uint64_t end) {
     if (begin == end) return noAttributes.take();
-    auto *list = create<XML_ATTRIBUTES>(sorts.attributes);
-    list->vector = place.createArray<voVector>(sorts.vector, int64_t(end - begin));
+    auto list = create<XML_ATTRIBUTES>(sorts.attributes);
+    auto *vector = place.createArray<voVector>(sorts.vector, int64_t(end - begin));
     for (uint64_t number = begin; number < end; ++number)
-        list->vector->items()[number - begin] = vo::obj(attribute(outline.node(number)));
-    return list;
+        vector->items()[number - begin] = vo::obj(attribute(outline.node(number)));
+    return list.with(vector);
 }
 
 XML_ATTRIBUTE *ObjectMaker::attribute(const Node &node) {
-    auto *attr = create<XML_ATTRIBUTE>(sorts.attribute);
-    auto *text = create<XML_TEXT>(sorts.text);
-    attr->name = name(node.name);
-    attr->text = text;
-    attr->location = location(node);
-    text->value = string(outline.valueOf(node));
-    text->location = nullptr;
-    return attr;
+    auto attr = create<XML_ATTRIBUTE>(sorts.attribute);
+    auto text = create<XML_TEXT>(sorts.text);
+    return attr.with(name(node.name), text.with(string(outline.valueOf(node)), nullptr),
+                     location(node));
 }
 
 // ---------------------------------------------------------------- lists
 
 XML_ITEMS *ObjectMaker::list(size_t firstChild) {
     if (firstChild == children.size() && noItems) return noItems.take();
-    auto *list = create<XML_ITEMS>(sorts.items);
-    list->itemsVector.set(takeChildren(firstChild));
-    return list;
+    auto list = create<XML_ITEMS>(sorts.items);
+    return list.with(ItemsVector(takeChildren(firstChild)));
 }
 
 /// A list without its vector. It holds the outline.
 XML_ITEMS *ObjectMaker::pendingList(uint64_t element) {
-    auto *list = create<XML_ITEMS>(sorts.items);
+    auto *list = create<XML_ITEMS>(sorts.items).with(ItemsVector(vo::retained(&outline)));
     list->element = element;
-    list->itemsVector.setPending(vo::retained(&outline));
     return list;
 }
 

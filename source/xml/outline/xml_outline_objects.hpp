@@ -85,7 +85,6 @@ class ObjectMaker {
 
     XML_ITEM *leafItem(const Node &node);
     XML_ITEM *createLeafItem(const Node &node);
-    XML_ITEM *createItem(uint64_t tag);
     XML_ITEM *pendingItem(uint64_t tag);
     XML_ELEMENT *element(const Node &node, uint64_t number, uint64_t content);
     void addItems(uint64_t number, uint64_t end);
@@ -106,7 +105,7 @@ class ObjectMaker {
         return outline.locator ? outline.locator->locate(outline.at(Outline::placeOf(node)))
                                : nullptr;
     }
-    template <class T> T *create(voSort *sort) { return place.create<T>(sort); }
+    template <class T> vo::Unset<T> create(voSort *sort) { return place.create<T>(sort); }
 
     /// Looked up once, since getting a sort is a call into a library.
     struct Sorts {
