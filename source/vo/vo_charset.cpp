@@ -10,18 +10,6 @@ using namespace vo;
 
 namespace {
 
-struct Family {
-    Decode *decode;
-    Encode *encode;
-};
-
-constexpr Family familyOf(voCharset charset) {
-    if (charset <= VO_CHARSET_MACINTOSH) return {decodeBytes, encodeBytes};
-    if (charset <= VO_CHARSET_BIG5) return {decodeMultibyte, encodeMultibyte};
-    if (charset == VO_CHARSET_UTF_8) return {decodeUtf8Text, encodeUtf8Text};
-    return {decodeUnits, encodeUnits};
-}
-
 /// Whether the bytes are their own text in UTF-8.
 bool isUtf8(voCharset charset, Bytes bytes) {
     if (charset == VO_CHARSET_UTF_8) return validUtf8(bytes);
@@ -89,7 +77,7 @@ voBuffer *encoded(voCharset charset, voBuffer *utf8, voCharsetFlags flags) {
         return retained(utf8);
     BufferBuilder out;
     if (marked) out.append(markOf(charset));
-    return familyOf(charset).encode(charset, bytesOf(utf8), out) ? out.take() : nullptr;
+    return charsetOf(charset).family.encode(charset, bytesOf(utf8), out) ? out.take() : nullptr;
 }
 
 } // namespace
@@ -113,7 +101,7 @@ voBuffer *voCharsetTryConvertBufferToUtf8WithFlags(voCharset charset, voBuffer *
     if (bytes.size() == size_t(buffer->length) && isUtf8(charset, bytes)) return retained(buffer);
     BufferBuilder out;
     bool lenient = flags & VO_CHARSET_FLAG_SNIFF;
-    return familyOf(charset).decode(charset, bytes, lenient, out) ? out.take() : nullptr;
+    return charsetOf(charset).family.decode(charset, bytes, lenient, out) ? out.take() : nullptr;
 }
 
 voBuffer *voCharsetTryConvertUtf8ToBufferWithFlags(voCharset charset, voBuffer *utf8,

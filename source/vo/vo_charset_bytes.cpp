@@ -8,19 +8,6 @@
 namespace vo {
 namespace {
 
-/// What the C library calls the character set; null for those that need no converter.
-const char *converterName(voCharset charset) {
-    static constexpr const char *names[] = {
-        nullptr,       nullptr,       "ISO-8859-2",  "ISO-8859-3",  "ISO-8859-4",  "ISO-8859-5",
-        "ISO-8859-6",  "ISO-8859-7",  "ISO-8859-8",  "ISO-8859-9",  "ISO-8859-10", "ISO-8859-11",
-        "ISO-8859-13", "ISO-8859-14", "ISO-8859-15", "ISO-8859-16", "CP1250",      "CP1251",
-        "CP1252",      "CP1253",      "CP1254",      "CP1255",      "CP1256",      "CP1257",
-        "CP1258",      "CP874",       "KOI8-R",      "KOI8-U",      "IBM437",      "IBM850",
-        "IBM852",      "IBM855",      "IBM857",      "IBM862",      "IBM866",      "MACINTOSH"};
-    static_assert(std::size(names) == VO_CHARSET_MACINTOSH + 1);
-    return names[charset];
-}
-
 /// The characters of a character set by their bytes.
 class ByteTable {
   public:
@@ -30,7 +17,7 @@ class ByteTable {
         chars.fill(none);
         for (uint32_t byte = 0; byte < (charset == VO_CHARSET_ISO_8859_1 ? 256 : 128); ++byte)
             chars[byte] = byte;
-        if (const char *name = converterName(charset)) askConverter(name);
+        if (const char *name = charsetOf(charset).converter) askConverter(name);
         if (charset == VO_CHARSET_MACINTOSH) {
             // The C library reads these as a Greek letter and another private-use character.
             chars[0xC6] = 0x2206;
@@ -94,8 +81,6 @@ const uint8_t *copyAscii(const uint8_t *&at, const uint8_t *end, BufferBuilder &
     return end - at < 64 ? end : at + 64;
 }
 
-} // namespace
-
 bool decodeBytes(voCharset charset, Bytes bytes, bool lenient, BufferBuilder &out) {
     const ByteTable table(charset);
     if (!table.isComplete() && !lenient) return false;
@@ -131,5 +116,9 @@ bool encodeBytes(voCharset charset, Bytes utf8, BufferBuilder &out) {
     }
     return true;
 }
+
+} // namespace
+
+constinit const Family families::singleByte = {decodeBytes, encodeBytes};
 
 } // namespace vo

@@ -1,8 +1,10 @@
-// The families of character sets, each a way to UTF-8 and back.
+// What converts between the character sets and UTF-8.
 #pragma once
 
 #include "source/vo/vo_buffer_builder.hpp"
 #include "vo/vo_charset.h"
+
+#include <string_view>
 
 namespace vo {
 
@@ -13,14 +15,27 @@ using Decode = bool(voCharset charset, Bytes bytes, bool lenient, BufferBuilder 
 /// Appends a text in the character set; `utf8` is well-formed. False when a character is missing.
 using Encode = bool(voCharset charset, Bytes utf8, BufferBuilder &out);
 
-Decode decodeUtf8Text; ///< UTF-8
-Encode encodeUtf8Text;
-Decode decodeUnits; ///< UTF-16 and UTF-32 in a given byte order
-Encode encodeUnits;
-Decode decodeBytes; ///< ids 0 to 35, one byte a character, ASCII in the lower half
-Encode encodeBytes;
-Decode decodeMultibyte; ///< ids 36 to 43
-Encode encodeMultibyte;
+/// Character sets that are converted in the same way.
+struct Family {
+    Decode *decode;
+    Encode *encode;
+};
+
+namespace families {
+extern const Family singleByte; ///< One byte a character, ASCII in the lower half.
+extern const Family eastAsian;
+extern const Family utf8, utf16Be, utf16Le, utf32Be, utf32Le;
+} // namespace families
+
+/// All that is known about a character set.
+struct Charset {
+    std::string_view preferred; ///< Its name,
+    const Family &family;
+    const char *converter;    ///< what the C library calls it, null where it has no part,
+    std::string_view aliases; ///< and its other names, separated by one blank each.
+};
+
+const Charset &charsetOf(voCharset id);
 
 /// U+FFFD in UTF-8.
 inline constexpr uint8_t replacement[] = {0xEF, 0xBF, 0xBD};

@@ -5,15 +5,6 @@
 namespace vo {
 namespace {
 
-/// What the C library calls the character set. Shift_JIS is read as everybody writes it: its
-/// standard mapping has no backslash and no tilde.
-const char *converterName(voCharset charset) {
-    static constexpr const char *names[] = {"CP932",  "EUC-JP", "ISO-2022-JP", "EUC-KR",
-                                            "EUC-CN", "GBK",    "GB18030",     "BIG5"};
-    static_assert(std::size(names) == VO_CHARSET_BIG5 - VO_CHARSET_SHIFT_JIS + 1);
-    return names[charset - VO_CHARSET_SHIFT_JIS];
-}
-
 /// Whether the bytes stand for exactly this text. Converters map some characters to similar ones
 /// (the yen sign to the backslash), drop some (tags) and write some that they do not read back
 /// (escape), without telling.
@@ -31,11 +22,10 @@ bool readBack(const char *name, Bytes bytes, Bytes utf8) {
     return same && utf8.empty();
 }
 
-} // namespace
-
 bool decodeMultibyte(voCharset charset, Bytes bytes, bool lenient, BufferBuilder &out) {
-    Converter converter("UTF-8", converterName(charset));
-    if (!converter) return lenient && decodeBytes(VO_CHARSET_US_ASCII, bytes, lenient, out);
+    Converter converter("UTF-8", charsetOf(charset).converter);
+    if (!converter)
+        return lenient && families::singleByte.decode(VO_CHARSET_US_ASCII, bytes, lenient, out);
     auto append = [&](Bytes piece) { out.append(piece); };
     while (converter.convert(bytes, append) == Converter::Stop::illFormed) {
         if (!lenient) return false;
@@ -47,7 +37,7 @@ bool decodeMultibyte(voCharset charset, Bytes bytes, bool lenient, BufferBuilder
 }
 
 bool encodeMultibyte(voCharset charset, Bytes utf8, BufferBuilder &out) {
-    const char *name = converterName(charset);
+    const char *name = charsetOf(charset).converter;
     Converter converter(name, "UTF-8");
     if (!converter) return false;
     auto append = [&](Bytes piece) { out.append(piece); };
@@ -56,5 +46,9 @@ bool encodeMultibyte(voCharset charset, Bytes utf8, BufferBuilder &out) {
     converter.flush(append);
     return readBack(name, out.written(), utf8);
 }
+
+} // namespace
+
+constinit const Family families::eastAsian = {decodeMultibyte, encodeMultibyte};
 
 } // namespace vo

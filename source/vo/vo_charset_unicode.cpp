@@ -102,7 +102,7 @@ const uint8_t *stretch(const uint8_t *at, const uint8_t *end, ptrdiff_t length) 
     return end - at < length ? end : at + length;
 }
 
-template <class Form> bool decodeForm(Bytes bytes, bool lenient, BufferBuilder &out) {
+template <class Form> bool decodeForm(voCharset, Bytes bytes, bool lenient, BufferBuilder &out) {
     constexpr ptrdiff_t step = 16 * sizeof(typename Form::Unit);
     const uint8_t *at = bytes.data(), *end = at + bytes.size();
     out.reserve(bytes.size() / sizeof(typename Form::Unit) + stepRoom);
@@ -124,7 +124,7 @@ template <class Form> bool decodeForm(Bytes bytes, bool lenient, BufferBuilder &
     return true;
 }
 
-template <class Form> bool encodeForm(Bytes utf8, BufferBuilder &out) {
+template <class Form> bool encodeForm(voCharset, Bytes utf8, BufferBuilder &out) {
     const uint8_t *at = utf8.data(), *end = at + utf8.size();
     out.reserve(utf8.size() + stepRoom);
     while (at < end) {
@@ -141,36 +141,13 @@ template <class Form> bool encodeForm(Bytes utf8, BufferBuilder &out) {
     return true;
 }
 
+template <class Form> constexpr Family familyOf = {decodeForm<Form>, encodeForm<Form>};
+
 } // namespace
 
-bool decodeUnits(voCharset charset, Bytes bytes, bool lenient, BufferBuilder &out) {
-    switch (charset) {
-    case VO_CHARSET_UTF_16BE:
-        return decodeForm<Utf16<std::endian::big>>(bytes, lenient, out);
-    case VO_CHARSET_UTF_16LE:
-        return decodeForm<Utf16<std::endian::little>>(bytes, lenient, out);
-    case VO_CHARSET_UTF_32BE:
-        return decodeForm<Utf32<std::endian::big>>(bytes, lenient, out);
-    case VO_CHARSET_UTF_32LE:
-        return decodeForm<Utf32<std::endian::little>>(bytes, lenient, out);
-    default:
-        VO_UNREACHABLE();
-    }
-}
-
-bool encodeUnits(voCharset charset, Bytes utf8, BufferBuilder &out) {
-    switch (charset) {
-    case VO_CHARSET_UTF_16BE:
-        return encodeForm<Utf16<std::endian::big>>(utf8, out);
-    case VO_CHARSET_UTF_16LE:
-        return encodeForm<Utf16<std::endian::little>>(utf8, out);
-    case VO_CHARSET_UTF_32BE:
-        return encodeForm<Utf32<std::endian::big>>(utf8, out);
-    case VO_CHARSET_UTF_32LE:
-        return encodeForm<Utf32<std::endian::little>>(utf8, out);
-    default:
-        VO_UNREACHABLE();
-    }
-}
+constinit const Family families::utf16Be = familyOf<Utf16<std::endian::big>>;
+constinit const Family families::utf16Le = familyOf<Utf16<std::endian::little>>;
+constinit const Family families::utf32Be = familyOf<Utf32<std::endian::big>>;
+constinit const Family families::utf32Le = familyOf<Utf32<std::endian::little>>;
 
 } // namespace vo

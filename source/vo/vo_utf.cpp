@@ -6,7 +6,7 @@
 
 namespace vo {
 
-bool decodeUtf8Text(voCharset, Bytes bytes, bool lenient, BufferBuilder &out) {
+static bool decodeUtf8Text(voCharset, Bytes bytes, bool lenient, BufferBuilder &out) {
     if (!lenient) return validUtf8(bytes) && (out.append(bytes), true);
     const uint8_t *at = bytes.data(), *end = at + bytes.size();
     while (at < end) {
@@ -18,7 +18,11 @@ bool decodeUtf8Text(voCharset, Bytes bytes, bool lenient, BufferBuilder &out) {
     return true;
 }
 
-bool encodeUtf8Text(voCharset, Bytes utf8, BufferBuilder &out) { return out.append(utf8), true; }
+static bool encodeUtf8Text(voCharset, Bytes text, BufferBuilder &out) {
+    return out.append(text), true;
+}
+
+constinit const Family families::utf8 = {decodeUtf8Text, encodeUtf8Text};
 
 voString *stringFromUtf8(Bytes utf8) {
     const uint8_t *begin = utf8.data(), *end = begin + utf8.size();
