@@ -3,6 +3,7 @@
 
 #include "decode.hpp"
 
+#include <array>
 #include <string_view>
 
 namespace tool {
@@ -16,6 +17,14 @@ inline std::optional<Place> placeOf(XML_CURSOR *cursor) {
     Place place{};
     if (!xmlCursorLocation(cursor, &place.offset, &place.line, &place.column)) return std::nullopt;
     return place;
+}
+
+/// Something about each item type, in the order of their values.
+template <class T> using ByItemType = std::array<T, XML_ITEM_TYPE_CDATA + 1>;
+static_assert(!XML_ITEM_TYPE_OK(XML_ITEM_TYPE_CDATA + 1), "the tables lack the types behind it");
+
+template <class T> const T &of(const ByItemType<T> &table, XML_ITEM_TYPE type) {
+    return table[static_cast<size_t>(type)];
 }
 
 /// Visits the items below the cursor's node in document order, with their depths, from 1 on. A

@@ -9,6 +9,9 @@
 
 namespace tool {
 
+static constexpr ByItemType<int64_t Stats::*> counters = {
+    &Stats::elements, &Stats::instructions, &Stats::comments, &Stats::texts, &Stats::cdatas};
+
 /// Characters of UTF-8: the bytes that do not continue another.
 static int64_t charsIn(XML_UTF8 text) {
     return std::ranges::count_if(view(text), [](char byte) { return (byte & 0xC0) != 0x80; });
@@ -17,25 +20,12 @@ static int64_t charsIn(XML_UTF8 text) {
 void Stats::count(XML_DOCUMENT *document) {
     Ref cursor(xmlCursorCreate(document));
     const auto countOne = [&](size_t itsDepth) {
-        switch (xmlCursorType(cursor)) {
-        case XML_ITEM_TYPE_ELEMENT:
-            ++elements;
-            depth = std::max(depth, static_cast<int64_t>(itsDepth));
-            return visitAttributes([&] { ++attributes; }, cursor);
-        case XML_ITEM_TYPE_TEXT:
-            ++texts;
-            textChars += charsIn(xmlCursorValue(cursor));
-            return;
-        case XML_ITEM_TYPE_CDATA:
-            ++cdatas;
-            cdataChars += charsIn(xmlCursorValue(cursor));
-            return;
-        case XML_ITEM_TYPE_COMMENT:
-            ++comments;
-            return;
-        default:
-            ++instructions;
-        }
+        const XML_ITEM_TYPE type = xmlCursorType(cursor);
+        ++(this->*of(counters, type));
+        if (type == XML_ITEM_TYPE_ELEMENT) depth = std::max(depth, static_cast<int64_t>(itsDepth));
+        if (type == XML_ITEM_TYPE_TEXT) textChars += charsIn(xmlCursorValue(cursor));
+        if (type == XML_ITEM_TYPE_CDATA) cdataChars += charsIn(xmlCursorValue(cursor));
+        visitAttributes([&] { ++attributes; }, cursor);
     };
     walk(countOne, cursor);
 }

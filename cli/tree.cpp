@@ -19,18 +19,7 @@ std::string nameOf(XML_CURSOR *cursor) {
     return space + shown(view(xmlCursorName(cursor)));
 }
 
-const char *kindOf(XML_ITEM_TYPE type) {
-    switch (type) {
-    case XML_ITEM_TYPE_PROCESSING_INSTRUCTION:
-        return "instruction";
-    case XML_ITEM_TYPE_COMMENT:
-        return "comment";
-    case XML_ITEM_TYPE_TEXT:
-        return "text";
-    default:
-        return "cdata";
-    }
-}
+constexpr ByItemType<const char *> kinds = {"element", "instruction", "comment", "text", "cdata"};
 
 /// Prints nodes as they are visited.
 class Printer {
@@ -48,7 +37,7 @@ class Printer {
         if (type == XML_ITEM_TYPE_ELEMENT)
             element(cursor, depth);
         else
-            line(depth, kindOf(type), quoted(xmlCursorValue(cursor)), placeOf(cursor));
+            line(depth, of(kinds, type), quoted(xmlCursorValue(cursor)), placeOf(cursor));
     }
 
     /// Those of the element that a cursor of the plain tree stands on.
@@ -67,7 +56,8 @@ class Printer {
 
   private:
     void element(XML_CURSOR *cursor, size_t depth) {
-        line(depth, "element", painter.bold(nameOf(cursor)), placeOf(cursor));
+        line(depth, of(kinds, XML_ITEM_TYPE_ELEMENT), painter.bold(nameOf(cursor)),
+             placeOf(cursor));
         const auto print = [&] {
             const std::string text = quoted(xmlCursorValue(cursor));
             line(depth + 1, "attribute", nameOf(cursor) + "=" + text, placeOf(cursor));
