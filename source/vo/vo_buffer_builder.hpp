@@ -19,8 +19,9 @@ inline Bytes bytesOf(voBuffer *buffer) { return {buffer->items(), size_t(buffer-
 class BufferBuilder {
   public:
     /// Room for `count` more bytes, valid until the next call. `wrote` tells where they end.
-    uint8_t *reserve(size_t count) {
-        if (buffer->length - used < int64_t(count)) grow(int64_t(count));
+    [[gnu::always_inline]] uint8_t *reserve(size_t count) {
+        if (buffer->length - used < int64_t(count)) [[unlikely]]
+            grow(int64_t(count));
         return buffer->items() + used;
     }
 
@@ -34,7 +35,9 @@ class BufferBuilder {
 
     /// Appends a string in UTF-8; false when it holds something that is not a character.
     bool append(voString *string) {
-        const uint32_t *at = string->items(), *end = at + string->length;
+        return append(string->items(), string->items() + string->length);
+    }
+    bool append(const uint32_t *at, const uint32_t *end) {
         while (at < end) {
             const uint32_t *stop = end - at > stride ? at + stride : end;
             const Narrowed done = narrowToUtf8(reserve(size_t(stop - at) * 4), at, stop);
@@ -62,7 +65,7 @@ class BufferBuilder {
     /// Characters converted in one go, which bounds how much room is made in advance.
     static constexpr ptrdiff_t stride = 4096;
 
-    void grow(int64_t count) {
+    [[gnu::noinline]] void grow(int64_t count) {
         resizeArray(buffer.edit(), std::max(used + count, buffer->length * 2));
     }
 

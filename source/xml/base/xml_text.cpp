@@ -39,13 +39,13 @@ int64_t count(Chars chars, uint32_t ch) { return std::ranges::count(chars, ch); 
 
 /// Writes a new string into memory of its own, without a check for each character: the caller must
 /// not write more than the length that it has announced.
-class Writer {
+class StringWriter {
   public:
-    explicit Writer(int64_t mostChars)
+    explicit StringWriter(int64_t mostChars)
         : begin(static_cast<uint32_t *>(voMemAllocN(mostChars, sizeof *begin))), at(begin) {}
-    Writer(const Writer &) = delete;
-    Writer &operator=(const Writer &) = delete;
-    ~Writer() { voMemFree(begin); }
+    StringWriter(const StringWriter &) = delete;
+    StringWriter &operator=(const StringWriter &) = delete;
+    ~StringWriter() { voMemFree(begin); }
 
     void put(uint32_t ch) { *at++ = ch; }
     void put(Chars chars) {
@@ -71,7 +71,7 @@ voString *createEscaped(voString *vos) {
     Chars plain = charsOf(vos);
     int64_t growth = 3 * count(plain, '<') + 4 * count(plain, '&');
     if (!growth) return retained(vos);
-    Writer out(vos->length + growth);
+    StringWriter out(vos->length + growth);
     out.putEscaped(plain, [](uint32_t ch) { return ch == '<' || ch == '&'; });
     return out.take();
 }
@@ -116,7 +116,7 @@ void xmlTextSetEscape(XML_TEXT **text, voString *vos) {
 voString *xmlTextTryUnescape(XML_TEXT *text) {
     voString *value = VO_READ(text)->value;
     if (!count(charsOf(value), '&')) return retained(value);
-    Writer out(value->length);
+    StringWriter out(value->length);
     return xml::unescape(charsOf(value), out) ? out.take() : nullptr;
 }
 
@@ -127,7 +127,7 @@ voString *xml___TextAttributify(XML_TEXT *text) {
     VO_ASSERT(VO_INT_MUL_OK( escCnt, 6 ));
     VO_ASSERT(VO_INT_ADD_OK( length, escCnt * 6 ));
     VO_ASSERT(VO_INT_ADD_OK( length + escCnt * 6, 2 ));
-    Writer out(length + escCnt * 6 + 2);
+    StringWriter out(length + escCnt * 6 + 2);
     out.put(delimiter);
     out.putEscaped(value, [quote = delimiter](uint32_t ch) { return ch == quote; });
     out.put(delimiter);

@@ -32,7 +32,10 @@ class Writer {
         std::memcpy(to, out.written().data() + from, count);
         out.wrote(to + count);
     }
-    void string(voString *string) { wellFormed = wellFormed && out.append(string); }
+    void string(voString *string) { chars(string->items(), string->items() + string->length); }
+    void chars(const uint32_t *at, const uint32_t *end) {
+        wellFormed = wellFormed && out.append(at, end);
+    }
 
     void text(voString *text) { string(text); }
     void text(Piece text) { bytes(text); }
@@ -67,8 +70,6 @@ class Writer {
     vo::Ref<voBuffer> finish() { return vo::Ref(wellFormed ? out.take() : nullptr); }
 
   private:
-    void requote(size_t begin);
-
     vo::BufferBuilder out;
     bool wellFormed = true;
 };
