@@ -2,6 +2,8 @@
 
 #include "charset.hpp"
 #include "files.hpp"
+#include "inorder.hpp"
+#include "inputs.hpp"
 #include "misfit.hpp"
 #include "stats.hpp"
 #include "tree.hpp"
@@ -13,27 +15,35 @@ namespace tool {
 namespace {
 
 struct Input {
+    std::string path;
     std::string name; ///< For messages.
     Ref<voBuffer> bytes;
 };
 
-bool readInput(const std::string &file, Input &input) {
-    input.name = file == "-" ? "<stdin>" : file.empty() ? "\"\"" : file;
-    const int error = readFile(file, input.bytes);
-    if (error != 0) reportFile(input.name, "cannot be read", error);
-    return error == 0;
+/// The files that the command line names; none is trouble as well.
+Inputs inputsOf(const Request &request) {
+    if (!request.recursive) return {request.files};
+    Inputs inputs = inFolders(request.files, request.patterns);
+    if (!inputs.files.empty() || inputs.status != fine) return inputs;
+    report({request.files.front(), {}, "no file in it has a name that is asked for", {}, {}}, {});
+    inputs.status = fileTrouble;
+    return inputs;
 }
 
 /// Handles every file, whatever becomes of the others.
+template <class Handle>
+Status forEach(const Request &request, const Inputs &inputs, Handle handle) {
+    const auto readAndHandle = [&](const std::string &file) {
+        Input input{file, file == "-" ? request.standardInput : file.empty() ? "\"\"" : file, {}};
+        const int error = readFile(file, input.bytes);
+        return error ? reportFile(input.name, "cannot be read", error) : handle(input);
+    };
+    const Pace pace{request.jobs, request.failFast};
+    return std::max(inputs.status, inOrder(inputs.files, readAndHandle, pace));
+}
+
 template <class Handle> Status forEach(const Request &request, Handle handle) {
-    Status gravest = fine;
-    for (const std::string &file : request.files) {
-        Input input;
-        const Status status = readInput(file, input) ? handle(input) : fileTrouble;
-        gravest = std::max(gravest, status);
-        if (status != fine && request.failFast) break;
-    }
-    return gravest;
+    return forEach(request, inputsOf(request), handle);
 }
 
 Status refuse(const Input &input, const Failure &failure) {
@@ -55,19 +65,34 @@ Status deliver(const Request &request, const Input &input, XML_DOCUMENT *documen
     Ref options = optionsWith(request.noDeclaration ? XML_FLAG_ENCODE_OMIT_XML_DECLARATION : 0);
     Ref encoded(xmlDocumentTryEncode(document, options));
     if (!encoded) return refuseMisfit(input, document);
-    if (request.output.empty() || request.output == "-") {
+    const std::string &path = request.inPlace ? input.path : request.output;
+    if (path.empty() || path == "-") {
         writeOut({reinterpret_cast<const char *>(voBufferBacking(encoded)),
                   static_cast<size_t>(voBufferLength(encoded))});
         return fine;
     }
-    const int error = voFileReplace(request.output.c_str(), encoded);
-    if (error != 0) reportFile(request.output, "cannot be written", error);
-    return error == 0 ? fine : fileTrouble;
+    const int error = voFileReplace(path.c_str(), encoded);
+    return error ? reportFile(path, "cannot be written", error) : fine;
+}
+
+/// Why these documents cannot be written where the request says; empty when they can.
+std::string whyNoOutput(const Request &request, const std::vector<std::string> &files) {
+    if (request.inPlace && !request.output.empty()) return "-i and -o exclude each other";
+    if (request.inPlace && std::ranges::count(files, "-")) return "-i: takes no standard input";
+    if (request.inPlace || files.size() <= 1 || request.concatenate) return "";
+    return request.output.empty() ? "several documents would become one text; "
+                                    "use -i, or --concatenate if that is wanted"
+                                  : "-o: takes one input file only";
 }
 
 /// Decodes each input and writes it, in its own character set or another.
 Status rewrite(const Request &request, std::optional<voCharset> charset) {
-    return forEach(request, [&](const Input &input) {
+    const Inputs inputs = inputsOf(request);
+    if (const std::string why = whyNoOutput(request, inputs.files); !why.empty()) {
+        reportUsage("voxml " + request.command, why);
+        return wrongUsage;
+    }
+    return forEach(request, inputs, [&](const Input &input) {
         Decoded decoded = decode(input.bytes, {.namespaces = request.namespaces});
         if (decoded.failure) return refuse(input, *decoded.failure);
         Ref document = request.namespaces ? Ref(xmlNsDocumentEncode(decoded.nsDocument))

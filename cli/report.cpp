@@ -6,14 +6,98 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include <unistd.h>
 
 namespace tool {
 
+static Messages messages = Messages::forPeople;
+
+void setMessages(Messages form) { messages = form; }
+
+// ---------------------------------------------------------------- where texts go
+
+static thread_local Transcript *redirected = nullptr;
+
+Redirect::Redirect(Transcript &transcript) { redirected = &transcript; }
+Redirect::~Redirect() { redirected = nullptr; }
+
+/// Whether the line of a Progress stands on the terminal.
+static bool progressStands = false;
+
+static void hideProgress() {
+    if (std::exchange(progressStands, false)) (void)!writeAll(STDERR_FILENO, "\r\033[K");
+}
+
 static void writeError(std::string_view text) {
+    if (redirected) {
+        redirected->messages += text;
+        return;
+    }
+    hideProgress();
     // Nobody can be told that this failed.
     (void)!writeAll(STDERR_FILENO, text);
+}
+
+void writeOut(std::string_view text) {
+    if (redirected) {
+        redirected->output += text;
+        return;
+    }
+    hideProgress();
+    const int error = writeAll(STDOUT_FILENO, text);
+    if (error == 0) return;
+    if (error != EPIPE) reportFile("<stdout>", "cannot be written", error);
+    throw Stop{fileTrouble};
+}
+
+void writeTranscript(const Transcript &transcript) {
+    if (!transcript.output.empty()) writeOut(transcript.output);
+    if (!transcript.messages.empty()) writeError(transcript.messages);
+}
+
+Progress::Progress(size_t files)
+    : all(files), isShown(messages == Messages::forPeople && isatty(STDERR_FILENO)) {}
+
+Progress::~Progress() { hideProgress(); }
+
+void Progress::step() {
+    ++done;
+    if (!isShown || Clock::now() < next) return;
+    next = Clock::now() + std::chrono::milliseconds(100);
+    const std::string line = std::to_string(done) + " of " + std::to_string(all) + " files";
+    progressStands = true;
+    (void)!writeAll(STDERR_FILENO, "\r" + line + "\033[K");
+}
+
+// ---------------------------------------------------------------- messages
+
+/// A text as a JSON string; it must be UTF-8.
+static std::string quoted(std::string_view text) {
+    std::string out = "\"";
+    for (const char ch : text) {
+        const auto byte = static_cast<unsigned char>(ch);
+        if (byte < 0x20)
+            out += "\\u" + hex(byte, 4);
+        else if (ch == '"' || ch == '\\')
+            out.append({'\\', ch});
+        else
+            out += ch;
+    }
+    return out + "\"";
+}
+
+static std::string toJson(const Diagnostic &diagnostic) {
+    std::string line = "{\"file\":" + quoted(shown(std::string_view(diagnostic.file)));
+    if (const auto &place = diagnostic.place)
+        line += ",\"line\":" + std::to_string(place->line) +
+                ",\"column\":" + std::to_string(place->column) +
+                ",\"offset\":" + std::to_string(place->offset);
+    line += ",\"message\":" + quoted(diagnostic.text);
+    if (!diagnostic.code.empty()) line += ",\"code\":" + quoted(diagnostic.code);
+    if (!diagnostic.hint.empty()) line += ",\"hint\":" + quoted(diagnostic.hint);
+    return line + "}\n";
 }
 
 static std::string heading(const Diagnostic &diagnostic, const Painter &painter) {
@@ -26,6 +110,8 @@ static std::string heading(const Diagnostic &diagnostic, const Painter &painter)
 }
 
 void report(const Diagnostic &diagnostic, Chars text) {
+    if (messages == Messages::none) return;
+    if (messages == Messages::json) return writeError(toJson(diagnostic));
     const Painter painter(STDERR_FILENO);
     std::string message = heading(diagnostic, painter);
     const auto &place = diagnostic.place;
@@ -35,20 +121,20 @@ void report(const Diagnostic &diagnostic, Chars text) {
     writeError(message);
 }
 
-void reportFile(const std::string &file, std::string_view what, int error) {
+Status reportFile(const std::string &file, std::string_view what, int error) {
+    if (error == ENOMEM) return reportMemory(file);
     report({file, {}, std::string(what) + ": " + std::strerror(error), {}, {}}, {});
+    return fileTrouble;
+}
+
+Status reportMemory(const std::string &file) {
+    report({file, {}, "out of memory", {}, {}}, {});
+    return outOfMemory;
 }
 
 void reportUsage(std::string_view command, std::string_view text) {
     const std::string name(command);
     writeError(name + ": error: " + std::string(text) + "\nTry '" + name + " --help'.\n");
-}
-
-void writeOut(std::string_view text) {
-    const int error = writeAll(STDOUT_FILENO, text);
-    if (error == 0) return;
-    if (error != EPIPE) reportFile("<stdout>", "cannot be written", error);
-    throw Stop{fileTrouble};
 }
 
 } // namespace tool

@@ -20,9 +20,16 @@ static std::string_view environment(const char *name) {
     return value ? value : "";
 }
 
+static Colors wished = Colors::automatic;
+
+void setColors(Colors colors) { wished = colors; }
+
+static bool isWelcome(int descriptor) {
+    return environment("NO_COLOR").empty() && environment("TERM") != "dumb" && isatty(descriptor);
+}
+
 Painter::Painter(int descriptor)
-    : enabled(environment("NO_COLOR").empty() && environment("TERM") != "dumb" &&
-              isatty(descriptor)) {}
+    : enabled(wished == Colors::always || (wished == Colors::automatic && isWelcome(descriptor))) {}
 
 std::string Painter::paint(std::string_view style, std::string_view text) const {
     std::string painted;

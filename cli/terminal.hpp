@@ -9,8 +9,16 @@ namespace tool {
 /// Columns for what is written to `descriptor`: the terminal's, or a fixed number elsewhere.
 int columns(int descriptor);
 
-/// Puts colours around texts where `descriptor` is a terminal and the environment does not forbid
-/// it (NO_COLOR, TERM=dumb).
+enum class Colors {
+    automatic, ///< On terminals, unless the environment forbids it (NO_COLOR, TERM=dumb).
+    always,
+    never
+};
+
+/// What every painter made from now on does.
+void setColors(Colors colors);
+
+/// Puts colours around texts for `descriptor`.
 class Painter {
   public:
     explicit Painter(int descriptor);

@@ -1,12 +1,20 @@
 // The command-line tool.
+#include "closest.hpp"
 #include "commands.hpp"
 #include "files.hpp"
+#include "terminal.hpp"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
 #include <new>
 #include <sstream>
+#include <thread>
+
+#include <unistd.h>
 
 using namespace tool;
 
@@ -19,6 +27,13 @@ struct Session {
     Session &operator=(const Session &) = delete;
     ~Session() { voModuleShutdown(xmlModule()); }
 };
+
+/// The libraries abort where memory is lacking. Users get a message and a status for that.
+void answerLackOfMemory(int) {
+    if (errno != ENOMEM) return;
+    (void)!writeAll(STDERR_FILENO, "voxml: error: out of memory\n");
+    std::_Exit(outOfMemory);
+}
 
 /// The command line: options are read into the request, and a command is chosen.
 class CommandLine {
@@ -41,7 +56,11 @@ class CommandLine {
         } catch (const CLI::ParseError &error) {
             return answer(error);
         }
-        if (request.files.empty()) request.files = {"-"};
+        if (request.files.empty()) request.files = {request.recursive ? "." : "-"};
+        request.command = app.get_subcommands().front()->get_name();
+        if (request.jobs == 0) request.jobs = std::max(1U, std::thread::hardware_concurrency());
+        setColors(colors);
+        setMessages(json ? Messages::json : quiet ? Messages::none : Messages::forPeople);
         return command(request);
     }
 
@@ -59,12 +78,14 @@ class CommandLine {
                                           "  2  wrong usage\n"
                                           "  3  a file could not be read or written\n"
                                           "  4  the character set cannot hold the text\n"
+                                          "  5  out of memory\n"
                                           "Of several inputs the largest status counts.";
 
     void addCommands() {
         CLI::App *sub = add("check", check, "Tell what is wrong with documents, if anything");
         namespaces(sub, "Check the use of namespaces as well");
         sub->add_flag("--fail-fast", request.failFast, "Stop at the first input with an error");
+        jobs(sub);
 
         sub = add("canonical", canonical, "Write documents in canonical layout");
         writing(sub);
@@ -78,6 +99,7 @@ class CommandLine {
         sub = add("tree", tree, "Print the tree of nodes for people to read");
         namespaces(sub, "Show names as {namespace}name, and declarations");
         sub->add_flag("--locations", request.locations, "Show the line and column of each node");
+        jobs(sub);
 
         add("stats", stats, "Count nodes, measure the time that decoding takes");
 
@@ -91,7 +113,28 @@ class CommandLine {
         sub->callback([this, function] { command = function; });
         sub->add_option("FILE", request.files, "The documents; none or - is standard input")
             ->option_text("...");
+        sub->add_flag("-r,--recursive", request.recursive, "Read the files in folders, too");
+        sub->add_option("--name", request.patterns,
+                        "Of the files in folders only those with such a name; *.xml by default")
+            ->option_text("PATTERN")
+            ->allow_extra_args(false);
+        sub->add_option("--stdin-name", request.standardInput, "What messages call standard input")
+            ->option_text("NAME");
+        sub->add_flag("-q,--quiet", quiet, "No messages about inputs, only the exit status");
+        sub->add_flag("--json-errors", json, "Messages as JSON, one object a line");
+        sub->add_option("--color", colors, "When to use colours: auto, always or never")
+            ->option_text("WHEN")
+            ->transform(CLI::Transformer(std::map<std::string, Colors>{{"auto", Colors::automatic},
+                                                                       {"always", Colors::always},
+                                                                       {"never", Colors::never}}));
         return sub;
+    }
+
+    void jobs(CLI::App *sub) {
+        sub->add_option("-j,--jobs", request.jobs,
+                        "Work on so many files at once; 0 is one for each processor")
+            ->option_text("N")
+            ->check(CLI::Range(0, 1024));
     }
 
     void namespaces(CLI::App *sub, const char *description) {
@@ -107,10 +150,10 @@ class CommandLine {
             ->check([](const std::string &path) {
                 return std::string(path.empty() ? "the name of a file is empty" : "");
             });
-        sub->parse_complete_callback([this] {
-            if (!request.output.empty() && request.files.size() > 1)
-                throw CLI::ValidationError("-o", "takes one input file only");
-        });
+        sub->add_flag("-i,--in-place", request.inPlace, "Write each document over its file");
+        sub->add_flag("--concatenate", request.concatenate,
+                      "Write several documents one behind another");
+        jobs(sub);
     }
 
     /// The parser ends with an exception for help and version as well as for a mistake.
@@ -125,19 +168,40 @@ class CommandLine {
         if (chosen.empty())
             reportUsage("voxml", unknownCommand());
         else
-            reportUsage("voxml " + chosen.back()->get_name(), error.what());
+            reportUsage("voxml " + chosen.back()->get_name(), mistake(*chosen.back(), error));
         return wrongUsage;
+    }
+
+    static std::string mistake(const CLI::App &sub, const CLI::ParseError &error) {
+        const auto rest = sub.remaining();
+        if (rest.empty() || !rest.front().starts_with('-')) return error.what();
+        std::vector<std::string> known;
+        for (const CLI::Option *option : sub.get_options())
+            for (const std::string &name : option->get_lnames())
+                known.push_back("--" + name);
+        return "unknown option '" + rest.front() + "'" + suggestion(rest.front(), known);
+    }
+
+    static std::string suggestion(const std::string &wanted, std::span<const std::string> known) {
+        const std::string *found = closest(wanted, known);
+        return found ? "; did you mean " + *found + "?" : "";
     }
 
     std::string unknownCommand() const {
         const auto rest = app.remaining();
         if (rest.empty()) return "a command is required";
-        return (rest.front().starts_with('-') ? "unknown option '" : "unknown command '") +
-               rest.front() + "'";
+        std::vector<std::string> known;
+        for (const CLI::App *sub : app.get_subcommands({}))
+            known.push_back(sub->get_name());
+        if (rest.front().starts_with('-')) return "unknown option '" + rest.front() + "'";
+        return "unknown command '" + rest.front() + "'" + suggestion(rest.front(), known);
     }
 
     CLI::App app{"Reads and writes XML documents.", "voxml"};
     Request request;
+    Colors colors = Colors::automatic;
+    bool quiet = false;
+    bool json = false;
     Command command = nullptr;
 };
 
@@ -145,13 +209,13 @@ class CommandLine {
 
 int main(int argc, char **argv) {
     prepareStreams();
+    (void)std::signal(SIGABRT, answerLackOfMemory);
     Session session;
     try {
         return CommandLine().run({argv + 1, argv + argc});
     } catch (const Stop &stop) {
         return stop.status;
     } catch (const std::bad_alloc &) {
-        reportUsage("voxml", "there is not enough memory");
-        return fileTrouble;
+        return reportMemory("voxml");
     }
 }

@@ -1,5 +1,6 @@
 """Runs the tool as its users do and checks what they get: test_tool.py TOOL"""
 
+import json
 import os
 import pty
 import re
@@ -9,6 +10,7 @@ import stat
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 TOOL = os.path.abspath(sys.argv.pop(1))
@@ -265,15 +267,28 @@ class Errors(ToolTest):
             huge.truncate(1 << 42)
         self.put("bad.xml", "<a>")
         result = self.voxml("check", "huge.xml", "bad.xml")
-        self.assertEqual(result.returncode, 3)
-        self.assertRegex(result.stderr.decode(), "huge.xml: error: .*memory\nbad.xml:2:1: error")
+        self.assertEqual(result.returncode, 5)
+        self.assertRegex(result.stderr.decode(), "huge.xml: error: out of memory\nbad.xml:2:1: ")
+        self.put("wide.xml", "<a/>" * (1 << 20))
+        result = self.voxml("check", "wide.xml", preexec_fn=lambda: resource.setrlimit(
+            resource.RLIMIT_AS, (30 << 20, 30 << 20)))
+        self.assertEqual(result.returncode, 5)
+        self.assertTrue(result.stderr.endswith(b"voxml: error: out of memory\n"), result.stderr)
 
     def test_wrong_usage_is_said_in_one_line(self):
         rows = [
             ([], "voxml", "a command is required"),
-            (["chekc"], "voxml", "unknown command 'chekc'"),
-            (["check", "--bogus"], "voxml check",
-             "The following argument was not expected: --bogus"),
+            (["chekc"], "voxml", "unknown command 'chekc'; did you mean check?"),
+            (["--bogus"], "voxml", "unknown option '--bogus'"),
+            (["check", "--bogus"], "voxml check", "unknown option '--bogus'"),
+            (["tree", "--location"], "voxml tree",
+             "unknown option '--location'; did you mean --locations?"),
+            (["check", "-j", "-1"], "voxml check", "--jobs: Value -1 not in range 0 to 1024"),
+            (["canonical", "a", "b"], "voxml canonical", "several documents would become one "
+             "text; use -i, or --concatenate if that is wanted"),
+            (["canonical", "-i"], "voxml canonical", "-i: takes no standard input"),
+            (["canonical", "-i", "-o", "x", "a"], "voxml canonical",
+             "-i and -o exclude each other"),
             (["convert", "a.xml"], "voxml convert", "--to is required"),
             (["canonical", "-o", "x", "a", "b"], "voxml canonical",
              "-o: takes one input file only"),
@@ -293,6 +308,66 @@ class Errors(ToolTest):
                             stderr=f"{command}: error: {text}\nTry '{command} --help'.\n")
 
 
+class Many(ToolTest):
+    def setUp(self):
+        super().setUp()
+        os.makedirs(self.path("d/e"))
+        for i in range(60):
+            self.put(f"d/{i:02}.xml", "<a>" if i % 3 else f"<a>{i}</a>")
+        self.put("d/e/x.svg", "<b>")
+        self.put("d/e/y.xml", "<b>")
+        os.symlink("..", self.path("d/e/up"))
+
+    def test_folders_are_read_with_all_below_them(self):
+        result = self.voxml("check", "-r", "d")
+        files = re.findall(r"^(\S+?):2:1: ", result.stderr.decode(), re.M)
+        self.assertEqual(files, [f"d/{i:02}.xml" for i in range(60) if i % 3] + ["d/e/y.xml"])
+        result = self.voxml("check", "-r", "--name", "*.svg", "--name", "y*", "d/e")
+        self.assertEqual(re.findall(rb"^(\S+?):2:1: ", result.stderr, re.M),
+                         [b"d/e/x.svg", b"d/e/y.xml"])
+        self.expect(["check", "-r", "--name", "z", "d"], 3,
+                    stderr="d: error: no file in it has a name that is asked for\n")
+        self.expect(["check", "-r", "d/none"], 3,
+                    stderr="d/none: error: cannot be read: No such file or directory\n")
+
+    def test_threads_change_nothing_but_the_time(self):
+        for arguments in (["tree", "-r", "d"], ["check", "-r", "d"], ["check", "-r", "d", "-q"],
+                          ["check", "-r", "d", "--fail-fast"], ["tree", "-r", "d", "d/none", "d"],
+                          ["canonical", "--concatenate", "-r", "d"]):
+            alone = self.voxml(*arguments)
+            for threads in "2", "7", "0":
+                with self.subTest(arguments=arguments, threads=threads):
+                    self.expect([*arguments, "-j", threads], alone.returncode, alone.stdout,
+                                alone.stderr.decode())
+
+    def test_messages_can_be_data_or_left_out(self):
+        self.put("bad.xml", '<a>"\\\u00e9\x01<b></a>')
+        lines = self.voxml("check", "--json-errors", "bad.xml", "d", "bad.xml").stderr
+        first, second, third = [json.loads(line) for line in lines.splitlines()]
+        self.assertEqual(first, third)
+        self.assertEqual(first, {
+            "file": "bad.xml", "line": 2, "column": 11, "offset": 32, "code": CODE + "TAG_MISMATCH",
+            "message": "mismatched opening/closing XML tags",
+            "hint": "the open element is <b> of line 2, column 8"})
+        self.assertEqual(second, {"file": "d", "message": "cannot be read: Is a directory"})
+        self.expect(["check", "-q", "bad.xml"], 1)
+        result = self.voxml("check", "--stdin-name", "page.xml", stdin=b"<?xml?><a>")
+        self.assertTrue(result.stderr.startswith(b"page.xml:1:8: error: "))
+
+    def test_a_line_on_the_terminal_tells_how_far_it_has_come(self):
+        os.mkfifo(self.path("slow"))
+        controller, terminal = pty.openpty()
+        with subprocess.Popen([TOOL, "check", "d/00.xml", "slow", "d/01.xml"], stderr=terminal,
+                              cwd=self.directory, env=self.environment):
+            time.sleep(2.2)
+            self.put("slow", "<a/>")
+        os.close(terminal)
+        out = os.read(controller, 4096)
+        os.close(controller)
+        self.assertTrue(out.startswith(b"\r2 of 3 files\x1b[K\r\x1b[K"), out)
+        self.assertIn(b"d/01.xml:2:1:", out)
+
+
 class Writing(ToolTest):
     DOCUMENT = "<a x = '1'  y='\"'><b></b>&lt;\u00e9<!--c--><?p i?><![CDATA[<]]></a >\n"
     CANONICAL = ('<?xml version="1.0" encoding="UTF-8"?>\n<a x="1" y=\'"\'><b/>&lt;\u00e9<!--c-->'
@@ -305,8 +380,9 @@ class Writing(ToolTest):
         bare = self.CANONICAL.split(b"?>", 1)[1]
         self.expect(["canonical", "a.xml"], 0, self.CANONICAL)
         self.expect(["canonical", "-o", "-"], 0, self.CANONICAL, stdin=self.content("a.xml"))
-        self.expect(["canonical", "--no-declaration", "a.xml", "b.xml"], 0, bare + b"\n<b/>")
-        result = self.voxml("canonical", "--no-declaration", "bad.xml", "b.xml")
+        many = ["canonical", "--no-declaration", "--concatenate"]
+        self.expect([*many, "a.xml", "b.xml"], 0, bare + b"\n<b/>")
+        result = self.voxml(*many, "bad.xml", "b.xml")
         self.assertEqual((result.stdout, result.returncode), (b"\n<b/>", 1))
 
     def test_namespaces_are_written_anew(self):
@@ -323,6 +399,15 @@ class Writing(ToolTest):
         self.assertEqual(stat.S_IMODE(os.stat(self.path("a.xml")).st_mode), 0o640)
         self.assertEqual(os.readlink(self.path("link.xml")), "a.xml")
         self.assertEqual(sorted(os.listdir(self.directory)), ["a.xml", "link.xml"])
+
+    def test_many_files_can_be_rewritten_in_place(self):
+        for name in "a.xml", "b.xml":
+            self.put(name, self.DOCUMENT)
+        self.put("bad.xml", "<b>")
+        self.assertEqual(self.voxml("canonical", "-i", "a.xml", "bad.xml", "b.xml").returncode, 1)
+        self.assertEqual(self.content("a.xml"), self.CANONICAL)
+        self.assertEqual(self.content("b.xml"), self.CANONICAL)
+        self.assertEqual(self.content("bad.xml"), (DECLARATION + "<b>").encode())
 
     def test_a_new_file_gets_the_usual_permissions(self):
         self.put("a.xml", self.DOCUMENT)
@@ -520,6 +605,7 @@ document 1.0 UTF-8
                 self.assertEqual(b"\x1b[" in out, coloured)
                 self.assertEqual(b"\x1b[1;31merror:\x1b[m" in out, coloured)
         self.assertNotIn(b"\x1b", self.voxml("tree", "a.xml", "bad.xml").stdout)
+        self.assertIn(b"\x1b", self.voxml("tree", "--color", "always", "a.xml").stdout)
 
     def test_help_and_version_are_answers(self):
         self.assertRegex(self.voxml("--version").stdout, rb"^voxml \d+\.\d+\.\d+\n$")
