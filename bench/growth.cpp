@@ -23,6 +23,7 @@ constexpr int rounds = 5;
 
 enum Phase { decodePhase, encodePhase, nsDecodePhase, nsEncodePhase, releasePhase, phaseCount };
 constexpr const char *phaseNames[] = {"decode", "encode", "ns decode", "ns encode", "release"};
+static_assert(std::size(phaseNames) == phaseCount);
 
 struct Figures {
     std::array<double, phaseCount> seconds;
@@ -72,7 +73,7 @@ Figures measure(const std::string &text) {
     figures.seconds.fill(1e9);
     for (int round = 0; round < rounds; ++round) {
         const auto seconds = runOnce(buffer, options);
-        for (int phase = 0; phase < phaseCount; ++phase)
+        for (size_t phase = 0; phase < phaseCount; ++phase)
             figures.seconds[phase] = std::min(figures.seconds[phase], seconds[phase]);
     }
     rusage used;
@@ -86,16 +87,18 @@ using TextOf = std::function<std::string(int64_t n)>;
 Figures measureInChild(const TextOf &textOf, int64_t n) {
     int ends[2];
     if (pipe(ends)) std::abort();
-    if (fork() == 0) {
+    const pid_t child = fork();
+    if (child < 0) std::abort();
+    if (child == 0) {
         const Figures figures = measure("<?xml version='1.0'?>" + textOf(n));
         if (write(ends[1], &figures, sizeof(figures)) != sizeof(figures)) std::abort();
         _exit(0);
     }
+    close(ends[1]); // So that reading ends when the child does.
     Figures figures;
     if (read(ends[0], &figures, sizeof(figures)) != sizeof(figures)) std::abort();
     close(ends[0]);
-    close(ends[1]);
-    wait(nullptr);
+    waitpid(child, nullptr, 0);
     return figures;
 }
 

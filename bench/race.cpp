@@ -24,6 +24,9 @@ constexpr NamedWork works[] = {
     {"change", &Contestant::change},
 };
 
+// All but the name and the work that is not raced by time.
+static_assert(sizeof(Contestant) == sizeof(const char *) + (std::size(works) + 1) * sizeof(Work));
+
 using Files = std::span<const File>;
 
 struct Entry {

@@ -125,9 +125,10 @@ Status convert(const Request &request) {
 
 Status tree(const Request &request) {
     return forEach(request, [&](const Input &input) {
-        const Decoded decoded = decode(input.bytes, {request.namespaces, request.locations});
+        const DecodeWish wish{request.namespaces, request.locations};
+        const Decoded decoded = decode(input.bytes, wish);
         if (decoded.failure) return refuse(input, *decoded.failure);
-        printTree(decoded, {request.namespaces, request.locations});
+        printTree(decoded, wish);
         return fine;
     });
 }

@@ -30,28 +30,29 @@ void Stats::count(XML_DOCUMENT *document) {
     walk(countOne, cursor);
 }
 
+/// All figures but the time, in the order in which they are shown.
+static constexpr std::pair<const char *, int64_t Stats::*> figures[] = {
+    {"elements", &Stats::elements},     {"attributes", &Stats::attributes},
+    {"text items", &Stats::texts},      {"text characters", &Stats::textChars},
+    {"CDATA sections", &Stats::cdatas}, {"CDATA characters", &Stats::cdataChars},
+    {"comments", &Stats::comments},     {"processing instructions", &Stats::instructions},
+    {"maximum depth", &Stats::depth},   {"bytes", &Stats::bytes},
+};
+
 void Stats::add(const Stats &other) {
-    for (auto figure :
-         {&Stats::elements, &Stats::attributes, &Stats::texts, &Stats::textChars, &Stats::cdatas,
-          &Stats::cdataChars, &Stats::comments, &Stats::instructions, &Stats::bytes})
+    const int64_t deepest = std::max(depth, other.depth);
+    for (const auto &[name, figure] : figures)
         this->*figure += other.*figure;
-    depth = std::max(depth, other.depth);
+    depth = deepest;
     time += other.time;
 }
 
 std::string Stats::toString() const {
-    const std::pair<const char *, int64_t> counts[] = {
-        {"elements", elements},     {"attributes", attributes},
-        {"text items", texts},      {"text characters", textChars},
-        {"CDATA sections", cdatas}, {"CDATA characters", cdataChars},
-        {"comments", comments},     {"processing instructions", instructions},
-        {"maximum depth", depth},   {"bytes", bytes},
-    };
     constexpr int valueColumn = 25;
     std::ostringstream out;
     out << std::left << std::fixed;
-    for (auto [name, count] : counts)
-        out << std::setw(valueColumn) << std::string(name) + ":" << count << '\n';
+    for (const auto &[name, figure] : figures)
+        out << std::setw(valueColumn) << std::string(name) + ":" << this->*figure << '\n';
     out << std::setw(valueColumn) << "decode time:" << std::setprecision(3) << time.count() * 1e3
         << " ms\n";
     if (time.count() > 0)

@@ -96,7 +96,7 @@ class Printer {
 
 } // namespace
 
-void printTree(const Decoded &decoded, TreeWish wish) {
+void printTree(const Decoded &decoded, DecodeWish wish) {
     Printer printer(wish.locations);
     printer.heading(decoded.document);
     Ref plain(xmlCursorCreate(decoded.document));

@@ -5,12 +5,7 @@
 
 namespace tool {
 
-struct TreeWish {
-    bool namespaces = false;
-    bool locations = false;
-};
-
 /// Writes a decoded document to standard output: one node per line, indented.
-void printTree(const Decoded &decoded, TreeWish wish);
+void printTree(const Decoded &decoded, DecodeWish wish);
 
 } // namespace tool

@@ -10,6 +10,7 @@ set(include_dir ${CMAKE_INSTALL_INCLUDEDIR}/voxml-${PROJECT_VERSION_MAJOR})
 # system, which need no such path, set CMAKE_SKIP_INSTALL_RPATH.
 set_target_properties(voxml PROPERTIES INSTALL_RPATH "$ORIGIN")
 install(TARGETS vo voxml EXPORT voxml
+  INCLUDES DESTINATION ${include_dir}
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT devel
   ARCHIVE COMPONENT devel)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ DESTINATION ${include_dir} COMPONENT devel)

@@ -22,8 +22,7 @@ function(voxml_library name namespace)
   add_library(${name} $<TARGET_OBJECTS:${name}_objects>)
   add_library(voxml::${namespace} ALIAS ${name})
   target_include_directories(${name} INTERFACE
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
-    $<INSTALL_INTERFACE:include/voxml-${PROJECT_VERSION_MAJOR}>)
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>)
   set_target_properties(${name} PROPERTIES
     LINKER_LANGUAGE CXX
     EXPORT_NAME ${namespace}

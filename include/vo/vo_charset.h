@@ -6,11 +6,12 @@
  *  own, values above U+10FFFF, odd lengths and characters cut off at the end. So does a text with
  *  a character that the character set lacks; nothing is ever replaced by something similar.
  *
- *  Byte-order marks (U+FEFF in front of a text, ids 44 to 50):
+ *  Byte-order marks (U+FEFF in front of a text, in GB18030 and ids 44 to 50):
  *  - VO_CHARSET_UTF_16 and VO_CHARSET_UTF_32 are read by their mark, which never becomes part of
  *    the text. Without one the byte order is that which makes the first character `<` or white
  *    space, else big-endian. They are written big-endian with a mark, whatever the flags.
- *  - In the others a mark is a character like any other unless VO_CHARSET_FLAG_BOM is given. */
+ *  - In GB18030, UTF-8 and the forms with a fixed byte order a mark is a character like any other
+ *    unless VO_CHARSET_FLAG_BOM or, in reading, VO_CHARSET_FLAG_SNIFF is given. */
 #ifndef VO_VO_CHARSET_H
 #define VO_VO_CHARSET_H
 
@@ -82,7 +83,8 @@ enum {
 /** Bits that tune a conversion. */
 typedef uint64_t voCharsetFlags;
 
-/** Reading consumes one leading byte-order mark; writing puts one in front (ids 44 to 50 only). */
+/** Reading consumes one leading byte-order mark; writing puts one in front, but only for ids 44 to
+ *  50. */
 #define VO_CHARSET_FLAG_BOM UINT64_C(1)
 
 /** Reading never gives null, for a look at the head of an input: a leading mark is consumed, each
@@ -106,7 +108,8 @@ VO_NEW voVector *voCharsetAliases(voCharset charset);
 
 /** @name Conversion of whole texts
  *  `charset` must be valid. Takes time in proportion to the text. Null also when the system lacks
- *  the converter for the character set. @{ */
+ *  the converter for the character set; with VO_CHARSET_FLAG_SNIFF the bytes are then read as
+ *  US-ASCII. @{ */
 
 /** The text that the bytes encode; null when they are not well-formed. */
 VO_NEW voString *voCharsetTryConvertBufferToStringWithFlags(voCharset charset, voBuffer *buffer,
@@ -135,8 +138,7 @@ VO_API int vo___Utf8IsValid(const uint8_t *bytes, int64_t count);
 VO_NEW voBuffer *vo___Utf8TryEncode(voCharset charset, voBuffer *utf8, voCharsetFlags flags);
 /** @} */
 
-/** @name Flag words as text
- *  The names of the bits in ascending order, joined by `|`; empty for 0. @{ */
+/** @name Flag words as text, as in vo_flagset.h @{ */
 
 /** The word without bits that have no meaning. */
 VO_API voCharsetFlags voCharsetFlagsNormalize(voCharsetFlags flags);
@@ -144,7 +146,7 @@ VO_API voCharsetFlags voCharsetFlagsNormalize(voCharsetFlags flags);
 /** The text of the normalized word. */
 VO_NEW voString *voCharsetFlagsToString(voCharsetFlags flags);
 
-/** The word that a text names. Blanks around names are ignored; an unknown name sets bit 63. */
+/** The word that a text names; an unknown name sets bit 63. */
 VO_API voCharsetFlags voCharsetFlagsFromString(voString *str);
 /** @} */
 

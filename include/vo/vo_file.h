@@ -23,10 +23,11 @@ VO_NEW voBuffer *voFileTryReadDescriptor(int descriptor, int *error);
  *  moment the old file is there as a whole, or the new one. The new one is written beside the old,
  *  flushed to the disk and renamed; when that fails, nothing has changed.
  *
- *  A file that exists keeps its permissions and, where the caller may set them, its owner and
- *  group; as with every renaming it is the folder that must be writable. A symbolic link keeps
- *  pointing. Anything that is not a regular file, such as a device, is
- *  written to directly.
+ *  A file that exists keeps its permissions, owner and group as far as the caller may set them;
+ *  rights of an owner or a group that cannot be kept are not given to another one. As with every
+ *  renaming it is the folder that must be writable. A symbolic link stays; the file that it leads
+ *  to is replaced. Anything that is not a regular file, such as a device, is written to directly.
+ *  A process that is killed meanwhile leaves a file `.voxml-...` there, which may be removed.
  *
  *  @return 0, or the errno value of what went wrong. */
 VO_API int voFileReplace(const char *path, voBuffer *contents);

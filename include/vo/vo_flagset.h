@@ -14,7 +14,8 @@ VO_BEGIN_DECLS
 /** A flag set. */
 typedef struct voFlagset voFlagset;
 
-/** What an unknown name reads as, in every text form of a flag word. */
+/** What an unknown name reads as in the flag words of the runtime; xmlFlagsFromString() drops it.
+ */
 #define VO_FLAG_UNKNOWN (UINT64_C(1) << 63)
 
 /** @name Common operations
@@ -33,7 +34,7 @@ VO_NEW voFlagset *voFlagsetCreateFrom(voFlagset *source);
 /** A new empty flag set. */
 VO_NEW voFlagset *voFlagsetCreate(void);
 
-/** 1 when the set knows the name, which is written exactly like this. */
+/** 1 when the set has a flag of exactly this name. */
 VO_API int voFlagsetHasFlagCstr(voFlagset *flagset, const char *name, int64_t length);
 
 /** Names a bit; `bit` is a word with that bit alone. A known name gets the new bit. */

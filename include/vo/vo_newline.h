@@ -19,6 +19,8 @@ typedef uint64_t voNlfFlags;
 #define VO_NLF_FLAG_FF UINT64_C(32)  /**< U+000C */
 #define VO_NLF_FLAG_LS UINT64_C(64)  /**< U+2028 */
 #define VO_NLF_FLAG_PS UINT64_C(128) /**< U+2029 */
+/** All of them. */
+#define VO_NLF_FLAGS_ALL (2 * VO_NLF_FLAG_PS - 1)
 
 /** The word without the bits that mean nothing. */
 VO_API voNlfFlags voNlfFlagsNormalize(voNlfFlags flags);

@@ -73,10 +73,11 @@ VO_API void voObjRelease(voObj *obj);
 /** The sort of a non-null object. */
 VO_API voSort *voObjSort(voObj *obj);
 
-/** Orders two objects: negative, 0 for equal, positive. Values of the runtime compare by content;
- *  objects of sorts without a comparison, by identity in a consistent order. The XML library's
- *  types have none: two of its objects are equal only when they are the same object. Objects of
- *  different sorts compare by sort. Null equals null and comes before every object. */
+/** Orders two objects: negative, 0 for equal, positive. Strings, buffers, vectors, dictionaries,
+ *  stores, locations and messages compare by content; every other object, those of the XML library
+ *  among them, by identity: it equals itself alone, in an order that stays the same while both
+ *  live. Objects of different sorts compare by sort. Null equals null and comes before every
+ *  object. */
 VO_API int64_t voObjCompare(voObj *a, voObj *b);
 
 /** A text for a non-null object: a string gives itself; a message and a location what their headers

@@ -7,7 +7,7 @@
 
 VO_BEGIN_DECLS
 
-/** A CDATA section: <![CDATA[ value ]]>. */
+/** A CDATA section: <![CDATA[value]]>. */
 typedef struct XML_CDATA XML_CDATA;
 
 /** @name Common operations

@@ -7,7 +7,7 @@
 
 VO_BEGIN_DECLS
 
-/** A comment: <!-- value -->, blanks included. */
+/** A comment: <!--value-->. */
 typedef struct XML_COMMENT XML_COMMENT;
 
 /** @name Common operations

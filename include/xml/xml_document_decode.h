@@ -13,9 +13,9 @@ VO_BEGIN_DECLS
  *  ends the process as long as there is memory, or makes it recurse.
  *
  *  The text must begin, after optional white space, with an XML declaration; the character set is
- *  the one the declaration names within the first 1024 bytes, or else the one of UTF-8, UTF-16 and
- *  UTF-32 in which it begins so. A document type declaration is refused. Character data is kept as
- *  it stands in the text: references are not expanded and line ends are not changed.
+ *  the one the declaration names within the first 1024 bytes, or else that one of UTF-8, UTF-16
+ *  and UTF-32 in which the declaration can be read. A document type declaration is refused.
+ *  Character data is kept as it stands in the text: references are not expanded and line ends stay.
  *
  *  All of the text is checked at once. The objects of the tree are made from it when they are first
  *  asked for; until the last of them is made or dropped, the tree keeps the text, which for UTF-8

@@ -7,7 +7,7 @@
 
 VO_BEGIN_DECLS
 
-/** One of the five values below. */
+/** One of the five values below; xmlCursorType() adds two. */
 typedef int64_t XML_ITEM_TYPE;
 
 enum {

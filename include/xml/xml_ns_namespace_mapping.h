@@ -5,6 +5,7 @@
  *  | prefix | namespace | declared by           |
  *  |--------|-----------|-----------------------|
  *  | p      | urn:x     | xmlns:p="urn:x"       |
+ *  | p      | none      | xmlns:p=""            |
  *  | none   | urn:x     | xmlns="urn:x"         |
  *  | none   | none      | xmlns=""              | */
 #ifndef XML_XML_NS_NAMESPACE_MAPPING_H

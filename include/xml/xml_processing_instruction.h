@@ -7,7 +7,7 @@
 
 VO_BEGIN_DECLS
 
-/** A processing instruction: <? value ?>. The value holds the target, white space and the data. */
+/** A processing instruction: <?value?>. The value holds the target, white space and the data. */
 typedef struct XML_PROCESSING_INSTRUCTION XML_PROCESSING_INSTRUCTION;
 
 /** @name Common operations

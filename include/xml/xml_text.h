@@ -41,7 +41,9 @@ VO_NEW voString *xmlTextValue(XML_TEXT *text);
 /** Stores the escaped `value` as it is. It must satisfy xmlValueTextOk(). */
 VO_API void xmlTextSetValue(XML_TEXT **text, voString *value);
 
-/** Stores the plain characters `vos`, "<" and "&" escaped and everything else unchanged. */
+/** Stores the plain characters `vos`, "<" and "&" escaped and everything else unchanged. Decoding
+ *  gives them back; other parsers refuse "]]>" in text and most control characters, and read line
+ *  ends as U+000A, in attributes as blanks. */
 VO_API void xmlTextSetEscape(XML_TEXT **text, voString *vos);
 
 /** The plain characters: references replaced by what they stand for. Null when the text refers to

@@ -47,6 +47,11 @@ bool beginsWith(Bytes bytes, Bytes prefix) {
     return bytes.size() >= prefix.size() && std::equal(prefix.begin(), prefix.end(), bytes.begin());
 }
 
+static_assert(VO_CHARSET_UTF_16BE == VO_CHARSET_UTF_16 + 1 &&
+              VO_CHARSET_UTF_16LE == VO_CHARSET_UTF_16 + 2 &&
+              VO_CHARSET_UTF_32BE == VO_CHARSET_UTF_32 + 1 &&
+              VO_CHARSET_UTF_32LE == VO_CHARSET_UTF_32 + 2);
+
 bool isSelfMarking(voCharset charset) {
     return charset == VO_CHARSET_UTF_16 || charset == VO_CHARSET_UTF_32;
 }

@@ -40,7 +40,8 @@ class ByteTable {
             Bytes in(&byte, 1);
             auto store = [&](Bytes utf8) {
                 const uint8_t *at = utf8.data();
-                if (!utf8.empty()) chars[byte] = decodeUtf8(at, at + utf8.size());
+                const uint32_t ch = utf8.empty() ? none : decodeUtf8(at, at + utf8.size());
+                if (ch <= 0xFFFF) chars[byte] = ch; // as CharTable relies on
             };
             converter.convert(in, store);
             converter.flush(store);

@@ -3,9 +3,10 @@
 #include "source/vo/vo_flag_text.hpp"
 
 static constexpr const char *names[] = {"VO_CHARSET_FLAG_BOM", "VO_CHARSET_FLAG_SNIFF"};
+static_assert(vo::namedBits(names) == (VO_CHARSET_FLAG_BOM | VO_CHARSET_FLAG_SNIFF));
 
 voCharsetFlags voCharsetFlagsNormalize(voCharsetFlags flags) {
-    return flags & (VO_CHARSET_FLAG_BOM | VO_CHARSET_FLAG_SNIFF);
+    return flags & vo::namedBits(names);
 }
 
 voString *voCharsetFlagsToString(voCharsetFlags flags) { return vo::writeNamedFlags(flags, names); }

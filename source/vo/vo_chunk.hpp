@@ -55,7 +55,7 @@ template <class T> class [[nodiscard]] Unset {
 class ChunkPlacer {
   public:
     /// `expectedBytes` sizes the first chunk, so that a small document keeps little memory. Each
-    /// further chunk is larger than the one before.
+    /// further chunk is larger than the one before, up to 64 KB.
     explicit ChunkPlacer(int64_t expectedBytes) : nextSize(expectedBytes) {}
     ChunkPlacer(const ChunkPlacer &) = delete;
     ChunkPlacer &operator=(const ChunkPlacer &) = delete;

@@ -1,12 +1,15 @@
-// The only unit of the libraries that needs more of the system than the standard libraries do.
+// Whole files, by the calls of POSIX.
 #include "vo/vo_file.h"
 
 #include "source/vo/vo_buffer_builder.hpp"
+#include "source/vo/vo_large_pages.hpp"
+#include "source/vo/vo_live.hpp"
 #include "vo/vo_string.h"
 
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -37,41 +40,56 @@ class Descriptor {
     const int error;
 };
 
-/// A block that grows until there is no memory, which is no reason to abort here.
+/// A buffer that grows until there is no memory, which is no reason to abort here.
 class Growing {
   public:
     Growing() = default;
     Growing(const Growing &) = delete;
     Growing &operator=(const Growing &) = delete;
-    ~Growing() { std::free(bytes); }
+    ~Growing() { std::free(block); }
 
-    bool reserve(size_t wanted) {
-        auto *grown = static_cast<uint8_t *>(std::realloc(bytes, wanted));
+    bool reserve(int64_t wanted) {
+        void *grown = std::realloc(block, size_t(blockSize<voBuffer>(wanted)));
         if (!grown) return false;
-        bytes = grown;
+        if (blockSize<voBuffer>(wanted) >= largeBlock)
+            preferLargePages(grown, blockSize<voBuffer>(wanted));
+        block = static_cast<voBuffer *>(grown);
         room = wanted;
         return true;
     }
 
-    uint8_t *bytes = nullptr;
-    size_t room = 0;
-    size_t used = 0;
+    /// The end of what was read.
+    uint8_t *end() { return block->items() + used; }
+
+    /// Hands it over, without the room that was not used; null when there is no memory.
+    voBuffer *take() {
+        if (!reserve(used)) return nullptr;
+        new (&block->base) voObj{voBufferSort(), 1};
+        countLive(1);
+        block->length = used;
+        return std::exchange(block, nullptr);
+    }
+
+    int64_t room = 0;
+    int64_t used = 0;
+
+  private:
+    voBuffer *block = nullptr;
 };
 
 int readAll(int file, Growing &contents) {
     struct stat status;
     if (fstat(file, &status) != 0) return errno;
     // One byte more than the file has, so that the end is met without growing.
-    constexpr size_t usual = size_t{1} << 16;
-    if (!contents.reserve(status.st_size > 0 ? size_t(status.st_size) + 1 : usual)) return ENOMEM;
+    constexpr int64_t usual = 1 << 16;
+    if (!contents.reserve(status.st_size > 0 ? status.st_size + 1 : usual)) return ENOMEM;
     for (;;) {
         if (contents.used == contents.room && !contents.reserve(2 * contents.room)) return ENOMEM;
-        const ssize_t got =
-            read(file, contents.bytes + contents.used, contents.room - contents.used);
+        const ssize_t got = read(file, contents.end(), size_t(contents.room - contents.used));
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return errno;
         if (got == 0) return 0;
-        contents.used += size_t(got);
+        contents.used += got;
     }
 }
 
@@ -85,8 +103,8 @@ int writeAll(int file, Bytes bytes) {
     return 0;
 }
 
-/// Keeps the signals by which users end a program waiting in this thread, so that no draft outlives
-/// it. A program in which other threads take them ends all the same.
+/// Keeps the signals by which users end a program waiting in this thread, so that they leave no
+/// draft behind. A program in which other threads take them ends all the same.
 class SignalsHeld {
   public:
     SignalsHeld() {
@@ -140,10 +158,18 @@ class Draft {
     }
 
   private:
-    /// Only a privileged user can keep another owner. Changing the owner clears some of the mode.
+    /// Takes over owner, group and mode. Rights of an owner or a group that cannot be kept are not
+    /// given to another one. Changing the owner clears some of the mode, so the mode comes last.
     bool takeRights() {
-        (void)!fchown(file, replaced->st_uid, replaced->st_gid);
-        return fchmod(file, replaced->st_mode & 07777) == 0;
+        mode_t mode = replaced->st_mode & 07777;
+        if (fchown(file, replaced->st_uid, replaced->st_gid) != 0) {
+            mode &= ~mode_t{S_ISUID}; // Only a privileged user can keep another owner.
+            if (fchown(file, uid_t(-1), replaced->st_gid) != 0) {
+                const mode_t others = mode & S_IRWXO;
+                mode = (mode & ~mode_t{S_ISGID | S_IRWXG}) | others << 3;
+            }
+        }
+        return fchmod(file, mode) == 0;
     }
 
     const struct stat *replaced;
@@ -190,7 +216,9 @@ voBuffer *voFileTryReadDescriptor(int descriptor, int *error) {
     VO_ASSERT(error);
     Growing contents;
     if (const int failure = readAll(descriptor, contents)) return *error = failure, nullptr;
-    return voBufferCreateFromBytesCopy(contents.bytes, int64_t(contents.used));
+    voBuffer *read = contents.take();
+    if (!read) *error = ENOMEM;
+    return read;
 }
 
 int voFileReplace(const char *path, voBuffer *contents) {

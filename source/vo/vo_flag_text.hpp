@@ -49,11 +49,12 @@ template <class BitOf> uint64_t readFlags(voString *text, BitOf bitOf) {
 /// Both for words whose bits are named by a table, from bit 0 on.
 using FlagNames = std::span<const char *const>;
 
+constexpr uint64_t namedBits(FlagNames names) { return ~uint64_t{0} >> (64 - names.size()); }
+
 inline voString *writeNamedFlags(uint64_t word, FlagNames names) {
-    return writeFlags(word & ((uint64_t{1} << names.size()) - 1),
-                      [&](voString **text, uint64_t bit) {
-                          voStringAppendCstr(text, names[size_t(std::countr_zero(bit))], -1);
-                      });
+    return writeFlags(word & namedBits(names), [&](voString **text, uint64_t bit) {
+        voStringAppendCstr(text, names[size_t(std::countr_zero(bit))], -1);
+    });
 }
 
 inline uint64_t readNamedFlags(voString *text, FlagNames names) {

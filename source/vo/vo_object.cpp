@@ -72,8 +72,9 @@ class Freeing {
     int64_t left = 0; ///< Objects of `chunk` that have gone.
 };
 
-// Without a destructor, so that statics destroyed late may still free. The model saves a call for
-// each object; the few bytes fit what a program loaded later finds reserved.
+// Without a destructor, so that statics destroyed late may still free. The
+// initial-exec model saves a call for each object; these few bytes fit the space that the loader
+// reserves for libraries which dlopen() adds.
 constinit thread_local Freeing freeing __attribute__((tls_model("initial-exec")));
 
 } // namespace

@@ -55,34 +55,34 @@ constexpr int surrogate = 64;    // ED A0..BF
 constexpr int twoContinue = 128; // right only in the third and fourth places of a character
 constexpr int any = tooShort | tooLong | twoContinue;
 
-struct alignas(16) Table {
+struct alignas(16) FaultTable {
     uint8_t faults[16];
 };
 
 /// A table from what is added for each half, 0 to 15.
-template <class FaultsOf> constexpr Table tabulate(FaultsOf faultsOf) {
-    Table table = {};
+template <class FaultsOf> constexpr FaultTable tabulate(FaultsOf faultsOf) {
+    FaultTable table = {};
     for (int half = 0; half < 16; ++half)
         table.faults[half] = uint8_t(faultsOf(half));
     return table;
 }
 
-constexpr Table firstHigh = tabulate([](int half) {
+constexpr FaultTable firstHigh = tabulate([](int half) {
     if (half < 0xC) return half < 8 ? tooLong : twoContinue;
     return tooShort | (half == 0xC ? overlong2 : 0) | (half == 0xE ? overlong3 | surrogate : 0) |
            (half == 0xF ? overlong4 | tooLarge8 | tooLarge : 0);
 });
-constexpr Table firstLow = tabulate([](int half) {
+constexpr FaultTable firstLow = tabulate([](int half) {
     return any | (half == 0 ? overlong3 | overlong4 : 0) | (half < 2 ? overlong2 : 0) |
            (half >= 4 ? tooLarge : 0) | (half >= 5 ? tooLarge8 : 0) | (half == 0xD ? surrogate : 0);
 });
-constexpr Table secondHigh = tabulate([](int half) {
+constexpr FaultTable secondHigh = tabulate([](int half) {
     if (half < 8 || half >= 0xC) return tooShort;
     return tooLong | twoContinue | overlong2 | (half == 8 ? overlong4 | tooLarge8 : tooLarge) |
            (half < 0xA ? overlong3 : surrogate);
 });
 
-VO_VECTOR_CHECK __m128i lookUp(const Table &table, __m128i halves) {
+VO_VECTOR_CHECK __m128i lookUp(const FaultTable &table, __m128i halves) {
     return _mm_shuffle_epi8(load16(table.faults), halves);
 }
 

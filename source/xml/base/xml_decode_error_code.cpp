@@ -32,7 +32,8 @@ static constexpr const char *messages[] = {
     "XML attribute list malformed",
     "textual content in XML malformed",
 };
-static_assert(std::size(names) == XML_DECODE_ERROR_CODE_TEXT + 1);
+static_assert(XML_DECODE_ERROR_CODE_OK(std::size(names) - 1) &&
+              !XML_DECODE_ERROR_CODE_OK(std::size(names)));
 static_assert(std::size(messages) == std::size(names));
 
 void xml___DecodeErrorCodeStartup(void) { xml___DecodeErrorCodeEnum = xml::makeEnum(names); }

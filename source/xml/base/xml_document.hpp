@@ -19,7 +19,7 @@ struct XML_DOCUMENT {
     xml::Version version;
     voCharset charset;
     int standalone; ///< 0 or 1.
-    /// Only in a document that was made from a namespace document can they be still to be made.
+    /// Pending only in a document that was made from a namespace document.
     xml::OnDemand<XML_ITEMS, xml::NsEncoding> items;
     voParserLocation *location; ///< Null when it was not recorded.
 

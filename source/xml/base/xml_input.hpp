@@ -10,7 +10,7 @@ namespace xml {
 struct Input {
     voCharset charset;
     vo::Ref<voBuffer> buffer; ///< Null when the input is not a text in `charset`.
-    Piece text{};             ///< In the buffer: well-formed UTF-8 without a byte-order mark.
+    Piece text{}; ///< In the buffer: well-formed UTF-8, without a mark that the flags consume.
 };
 
 /// How much of an input is looked at to find its character set, in bytes.

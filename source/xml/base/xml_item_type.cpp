@@ -11,7 +11,7 @@ static constexpr const char *names[] = {
     "XML_ITEM_TYPE_COMMENT", "XML_ITEM_TYPE_TEXT",
     "XML_ITEM_TYPE_CDATA",
 };
-static_assert(std::size(names) == XML_ITEM_TYPE_CDATA + 1);
+static_assert(XML_ITEM_TYPE_OK(std::size(names) - 1) && !XML_ITEM_TYPE_OK(std::size(names)));
 
 void xml___ItemTypeStartup(void) { xml___ItemTypeEnum = xml::makeEnum(names); }
 

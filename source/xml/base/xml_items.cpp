@@ -26,7 +26,8 @@ voVector *xmlItemsItemsVector(XML_ITEMS *items) { return retained(vectorOf(VO_RE
 void xmlItemsSetItemsVector(XML_ITEMS **items, voVector *vec) {
     VO_ASSERT_REF(items);
     VO_ASSERT(voVectorContainsOnly( vec, xmlItemSort() ));
-    if (!vo::isSole(*items)) xml::replace(items, xmlItemsCreate()); // a copy would be made first
+    // VO_EDIT would first make the items that are dropped here.
+    if (!vo::isSole(*items)) xml::replace(items, xmlItemsCreate());
     (*items)->itemsVector.replace(retained(vec));
 }
 void xmlItemsInsert(XML_ITEMS **items, int64_t index, XML_ITEMS *source) {

@@ -8,8 +8,8 @@
 struct XML_ITEMS {
     voObj base;
     xml::OnDemand<voVector, xml::Outline> itemsVector; ///< Of XML_ITEM.
-    uint64_t
-        element; ///< While the vector is pending: the number of the element that has the items.
+    /// While the vector is pending: the number of the element that has the items. Else not set.
+    uint64_t element;
 
     auto fields() { return std::tie(itemsVector); }
     voVector *make(bool whole);

@@ -22,12 +22,14 @@ template <class T, class Source> class OnDemand {
     explicit OnDemand(T *made) : word(reinterpret_cast<uintptr_t>(made)) {}
     explicit OnDemand(Source *source) : word(reinterpret_cast<uintptr_t>(source) | pendingBit) {}
     OnDemand(const OnDemand &other) : word(other.word.load(std::memory_order_relaxed)) {}
-    /// Takes over what the other holds; neither is known to a second thread yet.
+    /// Takes over what the other holds, which no thread may be about to make; retain() comes next
+    /// where both live on.
     OnDemand &operator=(const OnDemand &other) {
         word.store(other.word.load(std::memory_order_relaxed), std::memory_order_relaxed);
         return *this;
     }
 
+    /// For tests that compare all fields.
     bool operator==(const OnDemand &other) const { return word == other.word; }
 
     /// Adopts the object.

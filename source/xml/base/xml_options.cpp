@@ -38,16 +38,15 @@ constexpr FlagType charsetFlags = {voCharsetFlagsNormalize, voCharsetFlagsToStri
                                    voCharsetFlagsFromString};
 constexpr FlagType nlfFlags = {voNlfFlagsNormalize, voNlfFlagsToString, voNlfFlagsFromString};
 
-constexpr voNlfFlags everyNlf = 255;
-
 /// By OptionId, which is also the order in a store.
-constexpr std::array<OptionType, optionCount> types = {{
+constexpr OptionType types[] = {
     {"flags", 0, xmlFlags},
     {"decodeCharsetFlags", VO_CHARSET_FLAG_BOM, charsetFlags},
-    {"decodeNlfFlags", everyNlf, nlfFlags},
+    {"decodeNlfFlags", VO_NLF_FLAGS_ALL, nlfFlags},
     {"encodeCharsetFlags", 0, charsetFlags},
     {"encodeNlfFlags", VO_NLF_FLAG_LF, nlfFlags},
-}};
+};
+static_assert(std::size(types) == optionCount);
 
 } // namespace
 

@@ -27,6 +27,13 @@ inline voString *createString(Piece piece) {
 /// What stands around the value of a node that is no element, by the node's type.
 inline constexpr struct {
     std::string_view before, after;
-} enclosing[] = {{"", ""}, {"<?", "?>"}, {"<!--", "-->"}, {"", ""}, {"<![CDATA[", "]]>"}, {"", ""}};
+} enclosing[] = {
+    {"", ""},             // an element
+    {"<?", "?>"},         // a processing instruction
+    {"<!--", "-->"},      // a comment
+    {"", ""},             // a text
+    {"<![CDATA[", "]]>"}, // a CDATA section
+    {"", ""},             // an attribute, in an outline
+};
 
 } // namespace xml

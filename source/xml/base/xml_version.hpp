@@ -17,6 +17,7 @@ class Version {
         return *this;
     }
 
+    /// For tests that compare all fields.
     bool operator==(const Version &other) const { return string == other.string; }
 
     /// Not a new reference. Any number of threads may ask at once; all get the same string.
@@ -32,7 +33,10 @@ class Version {
     }
 
     void retain() { (void)vo::retained(string.load(std::memory_order_relaxed)); }
-    void drop() { vo::release(string.load(std::memory_order_relaxed)); }
+    void drop() {
+        vo::release(string.load(std::memory_order_relaxed));
+        string.store(reinterpret_cast<voString *>(~uintptr_t{0}), std::memory_order_relaxed);
+    }
 
   private:
     voString *make() {

@@ -18,7 +18,8 @@ static constexpr const char *messages[] = {
     "XML namespace prefix undefined",
     "invalid XML local name",
 };
-static_assert(std::size(names) == XML_NS_DECODE_ERROR_CODE_LOCAL_NAME + 1);
+static_assert(XML_NS_DECODE_ERROR_CODE_OK(std::size(names) - 1) &&
+              !XML_NS_DECODE_ERROR_CODE_OK(std::size(names)));
 static_assert(std::size(messages) == std::size(names));
 
 void xml___NsDecodeErrorCodeStartup(void) { xml___NsDecodeErrorCodeEnum = xml::makeEnum(names); }

@@ -15,7 +15,6 @@
 #include "xml/xml_ns_builtin_namespaces.h"
 
 #include <algorithm>
-#include <new>
 
 using vo::Ref;
 using vo::retained;
@@ -28,12 +27,10 @@ namespace {
 
 using Mapping = XML_NS_NAMESPACE_MAPPING;
 
-/// `prefix`, a colon and `local`; only `local` without a prefix.
-Ref<voString> join(voString *optionalPrefix, voString *local) {
-    if (!optionalPrefix) return Ref(retained(local));
-    Ref joined(
-        vo::createArray<voString>(voStringSort(), optionalPrefix->length + 1 + local->length));
-    uint32_t *at = std::copy_n(optionalPrefix->items(), optionalPrefix->length, joined->items());
+/// `prefix`, a colon and `local`.
+Ref<voString> join(voString *prefix, voString *local) {
+    Ref joined(vo::createArray<voString>(voStringSort(), prefix->length + 1 + local->length));
+    uint32_t *at = std::copy_n(prefix->items(), prefix->length, joined->items());
     *at++ = ':';
     std::copy_n(local->items(), local->length, at);
     return joined;
@@ -311,7 +308,7 @@ class TextMaker : public Encoder<TextMaker, TextLevel> {
 
   private:
     void name(voString *optionalPrefix, voString *local) {
-        out.string(optionalPrefix ? qualified(optionalPrefix, local) : Ref(retained(local)));
+        out.string(qualified(optionalPrefix, local));
     }
     void name(voString *optionalPrefix, xml::Piece local) {
         if (optionalPrefix) out.enclosed("", optionalPrefix, ":");

@@ -35,7 +35,7 @@ struct NsName {
 /// the way in, and all that they bound is undone on the way out.
 class NsPrefixes {
   public:
-    NsPrefixes() { bind(&xml(), 1); }
+    NsPrefixes() { bind(&xml(), nsOfXml); }
 
     /// Splits a name, in code points or UTF-8, which must stay where it is.
     NsName takeApart(std::span<const uint32_t> whole) { return takenApart(whole); }

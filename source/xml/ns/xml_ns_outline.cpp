@@ -27,6 +27,7 @@ NsShared *createNsShared() {
         NsShared{.base = {&sharedSort, 1}, .namespaces = {}, .mutex = {}, .maker = nullptr};
     shared->namespaces.reserve(8);
     shared->namespaces.emplace_back();
+    static_assert(nsOfXml == 1);
     shared->namespaces.emplace_back(xml___NsBuiltinNamespacesXmlNamespace());
     return shared;
 }

@@ -22,14 +22,15 @@ class NsObjectMaker;
 using NsNumber = uint32_t;
 inline constexpr NsNumber nsDeclares = NsNumber{1} << 31; ///< Set beside the declared number.
 inline constexpr NsNumber nsDisplaced = nsDeclares - 1;
+inline constexpr NsNumber nsOfXml = 1; ///< The namespace of the prefix "xml".
 constexpr bool isNsAttribute(NsNumber ns) { return ns < nsDisplaced; }
 
 /// What all parts of one decoded namespace tree share.
 struct NsShared {
     voObj base;
     vo::Vec<vo::Ref<voString>> namespaces; ///< By number; number 0 is null.
-    std::mutex mutex;                      ///< For the maker. No other lock is taken under it.
-    NsObjectMaker *maker;                  ///< Made with the first object.
+    std::mutex mutex;     ///< For the maker. Only that of free memory is taken under it.
+    NsObjectMaker *maker; ///< Made with the first object.
 };
 
 /// The namespaces of a run of records of an outline.

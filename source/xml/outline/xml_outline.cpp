@@ -59,12 +59,13 @@ uint64_t Outline::behindAttributes(uint64_t element) const {
 
 namespace {
 
-/// Skips the rest of a start tag, from the end of its name or of its last value on, and the end tag
-/// that follows if there is no content. The text is known to be well-formed.
+/// Skips an end tag. The text is known to be well-formed.
 const uint8_t *skipEndTag(const uint8_t *at, const uint8_t *end) {
     return skipS(skipName(skipS(at + 2, end), end), end) + 1;
 }
 
+/// Skips the rest of a start tag, from the end of its name or of its last value on, and the end tag
+/// that follows if there is no content.
 const uint8_t *skipEmptyElement(const uint8_t *at, const uint8_t *end) {
     at = skipS(at, end);
     return *at == '/' ? skipS(at + 1, end) + 1 : skipEndTag(at + 1, end);
@@ -89,8 +90,9 @@ const uint8_t *Outline::behindLeaf(uint64_t number) const {
 uint64_t Outline::endTagPlace(uint64_t number, int64_t outer) const {
     for (;;) {
         const Node found = node(number);
-        uint64_t child = found.kind == XML_ITEM_TYPE_ELEMENT ? behindAttributes(number) : found.end;
-        if (found.kind != XML_ITEM_TYPE_ELEMENT || child == found.end) break;
+        if (found.kind != XML_ITEM_TYPE_ELEMENT) break;
+        uint64_t child = behindAttributes(number);
+        if (child == found.end) break;
         for (uint64_t next = child; next < found.end; next = behind(next))
             child = next;
         number = child;

@@ -2,7 +2,7 @@
 //
 // Decoding checks the whole text and writes a record for each node and attribute. Objects are made
 // from the records on demand (xml_outline_objects.hpp); the encoder, the namespace decoder and the
-// cursor read the records themselves. Text and outline never change once they are made, so any
+// cursor read the records themselves. Text and records never change once they are made, so any
 // number of threads may read them.
 #pragma once
 
@@ -20,8 +20,10 @@ namespace xml {
 
 /// What a record is about: an item, by its type, or an attribute.
 using Kind = XML_ITEM_TYPE;
-inline constexpr Kind attributeKind = 5;
+inline constexpr Kind attributeKind = XML_ITEM_TYPE_CDATA + 1;
 inline constexpr int kindBits = 3;
+static_assert(!XML_ITEM_TYPE_OK(attributeKind) && attributeKind < 1 << kindBits);
+static_assert(std::size(enclosing) == attributeKind + 1);
 
 /// One node or attribute. Records stand in document order: behind an element its attributes, then
 /// its content. `begin` and `end` are offsets in the text, in bytes, but for the `end` of an
@@ -32,7 +34,8 @@ template <class Word> struct Record {
     Word tag;   ///< The kind; above it, in elements and attributes, the number of the name.
 };
 
-/// Texts up to this length need words of 32 bits only; the numbers of their names fit too.
+/// Texts up to this length need words of 32 bits only. The numbers of their names fit into the 29
+/// bits of a tag: most different names take eight bytes and more.
 inline constexpr uint64_t mostCompactBytes = 4'000'000'000;
 
 /// A record as its readers see it, whatever its width.
@@ -69,8 +72,8 @@ struct Outline {
     vo::Vec<void *> blocks;    ///< Further records, as chunks; the first ones stand behind this.
     std::span<Piece> names;    ///< By their numbers; the array stands behind the first records.
     vo::Vec<uint64_t> patches; ///< Offsets of tags that are not in the canonical layout, ascending.
-    Locator *locator;          ///< Null unless locations were asked for.
-    ObjectMaker *maker;        ///< Made with the first object.
+    Locator *locator;   ///< Null unless locations were asked for; used under makingLock(this).
+    ObjectMaker *maker; ///< Made with the first object; used under makingLock(this).
 
     /// Stands for the document where a function takes the number of an element.
     static constexpr uint64_t root = UINT64_MAX;

@@ -113,8 +113,8 @@ class ObjectMaker {
                *items = xmlItemsSort(), *element = xmlElementSort(),
                *attribute = xmlAttributeSort(), *attributes = xmlAttributesSort(),
                *text = xmlTextSort(),
-               *nodes[5] = {element, xmlProcessingInstructionSort(), xmlCommentSort(), text,
-                            xmlCdataSort()};
+               *nodes[attributeKind] = {element, xmlProcessingInstructionSort(), xmlCommentSort(),
+                                        text, xmlCdataSort()};
     };
 
     Outline &outline;

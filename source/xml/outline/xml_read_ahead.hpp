@@ -14,8 +14,8 @@ class ReadAhead {
   public:
     /// How many records may be made in advance now that a node is asked for.
     uint64_t allowance(uint64_t number) {
-        hits = number - expected <= mostSkipped ? hits + 1 : 0;
-        return hits < patience ? 0 : uint64_t{1} << std::min(hits - patience, most);
+        hits = number - expected <= mostSkipped ? std::min(hits + 1, patience + most) : 0;
+        return hits < patience ? 0 : uint64_t{1} << (hits - patience);
     }
 
     /// Tells which node will be asked for next if the program reads everything.
