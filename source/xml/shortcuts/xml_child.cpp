@@ -33,7 +33,7 @@ int64_t xmlElementFindChild(XML_ELEMENT *el, int64_t from, const char *name) {
     VO_ASSERT(el);
     VO_ASSERT(from >= 0);
     VO_ASSERT(name);
-    return findElement(PlainLayer(), el->items, from, ElementName(name, nullptr));
+    return findElement(PlainLayer(), el->items, from, ElementName(name));
 }
 
 int64_t xmlNsElementFindChild(XML_NS_ELEMENT *el, int64_t from, const char *localName,
@@ -41,5 +41,27 @@ int64_t xmlNsElementFindChild(XML_NS_ELEMENT *el, int64_t from, const char *loca
     VO_ASSERT(el);
     VO_ASSERT(from >= 0);
     VO_ASSERT(localName);
-    return findElement(NsLayer(), el->items, from, ElementName(localName, optionalNs));
+    const ElementName name(localName,
+                           optionalNs ? std::optional<std::string_view>(optionalNs) : std::nullopt);
+    return findElement(NsLayer(), el->items, from, name);
+}
+
+int64_t xmlElementFindChildUtf8(XML_ELEMENT *el, int64_t from, const char *name, int64_t length) {
+    VO_ASSERT(el);
+    VO_ASSERT(from >= 0);
+    VO_ASSERT(name);
+    VO_ASSERT(length >= 0);
+    return findElement(PlainLayer(), el->items, from, ElementName({name, size_t(length)}));
+}
+
+int64_t xmlNsElementFindChildUtf8(XML_NS_ELEMENT *el, int64_t from, const char *localName,
+                                  int64_t length, const char *optionalNs, int64_t nsLength) {
+    VO_ASSERT(el);
+    VO_ASSERT(from >= 0);
+    VO_ASSERT(localName);
+    VO_ASSERT(length >= 0);
+    VO_ASSERT(nsLength >= 0);
+    std::optional<std::string_view> ns;
+    if (optionalNs) ns = {optionalNs, size_t(nsLength)};
+    return findElement(NsLayer(), el->items, from, ElementName({localName, size_t(length)}, ns));
 }
