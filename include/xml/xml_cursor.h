@@ -1,10 +1,11 @@
 /** @file
  *  A cursor: reads a tree of either layer without making or counting its objects.
  *
- *  A cursor stands on a node: the one that it was made for, or an item or an attribute below it. It
- * reads decoded, changed and hand-made trees alike. Where nobody has asked for a decoded tree's
- * objects it reads the text that was decoded, which is several times faster than the getters, and
- * it makes none. Of a document that came from xmlNsDocumentEncode() the first step makes all items.
+ *  A cursor stands on a node: the one that it was made for, or an item or an attribute below it.
+ *  It reads decoded, changed and hand-made trees alike. Where nobody has asked for a decoded tree's
+ *  objects it reads the text that was decoded, which is several times faster than the getters, and
+ *  it makes none. Of a document that came from xmlNsDocumentEncode() the first step makes all
+ *  items.
  *
  *      XML_CURSOR *cursor = xmlCursorCreate(doc);
  *      for (int found = xmlCursorFirstChild(cursor); found; found = xmlCursorNext(cursor))
