@@ -40,8 +40,8 @@ VO_NEW XML_NS_ELEMENT *xmlNsElementChild(XML_NS_ELEMENT *el, const char *localNa
 /** The index, among the items of `el`, of the first child element of that name at or after `from`;
  *  -1 when there is none. `from` may lie at or behind the end, where nothing is found; a negative
  *  one aborts. So all children of a name are found one after another in time in proportion to the
- *  number of items. In the functions that end in Utf8 a name has so many bytes, any of which may be
- *  NUL; a negative number aborts. */
+ *  number of items. The functions that end in Utf8 take the names' lengths in bytes, so that a name
+ *  may hold NULs; -1 stands for up to one. */
 VO_API int64_t xmlElementFindChild(XML_ELEMENT *el, int64_t from, const char *name);
 VO_API int64_t xmlNsElementFindChild(XML_NS_ELEMENT *el, int64_t from, const char *localName,
                                      const char *optionalNs);
