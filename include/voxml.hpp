@@ -1010,6 +1010,7 @@ namespace detail {
     static constexpr auto attributes_create = xml##AttributesCreate;                               \
     static constexpr auto attributes_length = xml##AttributesLength;                               \
     static constexpr auto attributes_at = xml##AttributesAttributeAt;                              \
+    static constexpr auto attributes_set_at = xml##AttributesSetAttributeAt;                       \
     static constexpr auto attributes_set = xml##AttributesSetAttribute;                            \
     static constexpr auto attributes_insert = xml##AttributesInsertAttribute;                      \
     static constexpr auto attributes_del_at = xml##AttributesDelAttributeAt;                       \
@@ -1288,6 +1289,10 @@ template <class Layer> class basic_attributes : public handle<typename Layer::at
     /** Puts it in the place of the attribute of its name, or at the end. */
     void set(const attribute_type &attr) noexcept {
         Layer::attributes_set(this->address(), attr.get());
+    }
+    /** In the place of the attribute at `index`. Another one of its name goes. */
+    void set(std::int64_t index, const attribute_type &attr) noexcept {
+        Layer::attributes_set_at(this->address(), index, attr.get());
     }
     /** Before the attribute at `index`, which may be the size. Another one of its name goes. */
     void insert(std::int64_t index, const attribute_type &attr) noexcept {
@@ -1593,8 +1598,6 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         Layer::element_append_text(this->address(), plain->get());
         return {};
     }
-    /** @} */
-
     /** Erases the items for which `is_unwanted(item)` holds, in time linear in the number of all.
      *  Gives how many those were. */
     template <class Predicate> std::int64_t erase_if(Predicate &&is_unwanted) {
@@ -1605,6 +1608,7 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         if (erased != 0) set_items(kept);
         return erased;
     }
+    /** @} */
 
     /** @name Changing elements in their place
      *  `edit(element)` is called with elements that were moved out of their parents for the time,

@@ -100,6 +100,17 @@ TYPED_TEST(Values, are_changed_at_any_depth_in_document_order) {
     EXPECT_EQ(xml(root), "<A1><A1><A1/>t</A1><g><A1><f/></A1></g></A1>");
 }
 
+TYPED_TEST(Values, have_attributes_that_are_renamed_in_their_place) {
+    auto root = *decoded<TypeParam>("<a x='1' y='2' z='3'/>").root();
+    auto attributes = root.attributes();
+    auto renamed = attributes[1];
+    renamed.set_name("z").value();
+    attributes.set(1, renamed);
+    root.set_attributes(attributes);
+    EXPECT_EQ(xml(root), "<a x=\"1\" z=\"2\"/>");
+    EXPECT_EQ(renamed.set_name("-").error().code(), errc::bad_name);
+}
+
 TYPED_TEST(Values, take_their_own_strings_as_parameters) {
     using element = typename TypeParam::element;
     using attr = typename TypeParam::attr;
