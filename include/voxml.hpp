@@ -369,9 +369,10 @@ class failure {
     /** `source:line:column: error: message`, less what is unknown. */
     [[nodiscard]] std::string to_string() const {
         std::string text = details_ ? details_->source : std::string();
-        if (line() != 0)
-            text +=
-                (text.empty() ? "" : ":") + std::to_string(line()) + ":" + std::to_string(column());
+        if (line() != 0) {
+            if (!text.empty()) text += ':';
+            text.append(std::to_string(line())).append(":").append(std::to_string(column()));
+        }
         return text + (text.empty() ? "error: " : ": error: ") + message();
     }
 
