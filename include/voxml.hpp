@@ -14,8 +14,8 @@
  *    move steals, and changing one value never changes another. A value that was moved from may
  *    only be assigned and destroyed.
  *  - What may be absent is a std::optional or an empty range.
- *  - Strings go in as UTF-8. What a tree cannot hold is an error in a `result`; then nothing has
- *    changed. Names that no tree holds are found nowhere.
+ *  - Strings go in as UTF-8 or as the library's own. What a tree cannot hold is an error in a
+ * `result`; then nothing has changed. Names that no tree holds are found nowhere.
  *  - Attribute and text values are plain characters; what deals in the escaped form, as it stands
  *    between markup, says `escaped`.
  *  - Indexes count from 0; one outside a list ends the process.
@@ -29,8 +29,10 @@
 #include "vo/vo.h"
 #include "xml/xml.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <functional>
 #include <iosfwd>
@@ -162,6 +164,14 @@ inline bool equals_utf8(std::u32string_view points, std::string_view utf8) noexc
     return at == end;
 }
 
+/// A string for functions of the C interface that take its length; they refuse null.
+inline const char *bytes_of(std::string_view utf8) noexcept {
+    return utf8.empty() ? "" : utf8.data();
+}
+inline std::int64_t length_of(std::string_view utf8) noexcept {
+    return static_cast<std::int64_t>(utf8.size());
+}
+
 } // namespace detail
 
 /** Adopts a new reference of the C interface: `voxml::comment(voxml::adopt, xmlCommentCreate(v))`.
@@ -266,6 +276,38 @@ class string : public handle<voString> {
     }
 };
 
+/** A string as a parameter: UTF-8, or a string of the library. Refers to what it was made from. */
+class string_arg {
+  public:
+    template <class Text,
+              class = std::enable_if_t<std::is_convertible_v<const Text &, std::string_view>>>
+    string_arg(const Text &utf8 VOXML_LIFETIMEBOUND) : utf8_(utf8) {}
+    string_arg(const string &made VOXML_LIFETIMEBOUND) noexcept : made_(&made) {}
+
+    [[nodiscard]] bool empty() const noexcept { return made_ ? made_->empty() : utf8_.empty(); }
+    [[nodiscard]] bool is(std::string_view utf8) const noexcept {
+        return made_ ? *made_ == utf8 : utf8_ == utf8;
+    }
+    /** What it was made from, if that is UTF-8. */
+    [[nodiscard]] std::string_view utf8() const noexcept { return utf8_; }
+    /** As a string of the library; none where the UTF-8 is ill-formed. */
+    [[nodiscard]] std::optional<string> try_string() const noexcept {
+        if (made_) return *made_;
+        return detail::optional_of<string>(
+            voStringTryCreateFromUtf8(detail::bytes_of(utf8_), detail::length_of(utf8_)));
+    }
+    using kept = std::string;
+    /** As UTF-8, which lies in `room` where it was none. */
+    [[nodiscard]] std::string_view in(kept &room VOXML_LIFETIMEBOUND) const {
+        return made_ ? room = made_->str() : utf8_;
+    }
+    [[nodiscard]] kept keep() const { return made_ ? made_->str() : kept(utf8_); }
+
+  private:
+    std::string_view utf8_;
+    const string *made_ = nullptr; ///< Or null, for UTF-8.
+};
+
 /** Bytes, immutable. */
 class buffer : public handle<voBuffer> {
   public:
@@ -327,9 +369,10 @@ class failure {
     /** `source:line:column: error: message`, less what is unknown. */
     [[nodiscard]] std::string to_string() const {
         std::string text = details_ ? details_->source : std::string();
-        if (line() != 0)
-            text +=
-                (text.empty() ? "" : ":") + std::to_string(line()) + ":" + std::to_string(column());
+        if (line() != 0) {
+            if (!text.empty()) text += ':';
+            text.append(std::to_string(line())).append(":").append(std::to_string(column()));
+        }
         return text + (text.empty() ? "error: " : ": error: ") + message();
     }
 
@@ -378,6 +421,14 @@ class failure {
     std::shared_ptr<const details> details_; ///< Null: what the code says is all.
 };
 
+namespace detail {
+
+[[noreturn]] inline void abort_result(const char *text) {
+    vo___Abort("voxml::result", __FILE__, __LINE__, text);
+}
+
+} // namespace detail
+
 /** A value, or why there is none. Taking the value where there is none ends the process with the
  *  failure's text. */
 template <class T> class [[nodiscard]] result {
@@ -389,8 +440,9 @@ template <class T> class [[nodiscard]] result {
 
     [[nodiscard]] bool has_value() const noexcept { return held_.index() == 0; }
     explicit operator bool() const noexcept { return has_value(); }
-    /** Why there is no value; only where there is none. */
+    /** Why there is no value; where there is one, asking ends the process. */
     [[nodiscard]] const failure &error() const noexcept VOXML_LIFETIMEBOUND {
+        if (has_value()) detail::abort_result("error() of a result that has a value");
         return *std::get_if<1>(&held_);
     }
 
@@ -405,8 +457,7 @@ template <class T> class [[nodiscard]] result {
 
   private:
     void check() const {
-        if (!has_value())
-            vo___Abort("voxml::result", __FILE__, __LINE__, error().to_string().c_str());
+        if (!has_value()) detail::abort_result(error().to_string().c_str());
     }
 
     std::variant<T, failure> held_;
@@ -422,11 +473,14 @@ template <> class [[nodiscard]] result<void> {
 
     [[nodiscard]] bool has_value() const noexcept { return !why_; }
     explicit operator bool() const noexcept { return has_value(); }
-    /** Why it failed; only where it did. */
-    [[nodiscard]] const failure &error() const noexcept VOXML_LIFETIMEBOUND { return *why_; }
+    /** Why it failed; where it did not, asking ends the process. */
+    [[nodiscard]] const failure &error() const noexcept VOXML_LIFETIMEBOUND {
+        if (!why_) detail::abort_result("error() of a result without a failure");
+        return *why_;
+    }
     /** Ends the process with the failure's text if it failed. */
     void value() const {
-        if (why_) vo___Abort("voxml::result", __FILE__, __LINE__, why_->to_string().c_str());
+        if (why_) detail::abort_result(why_->to_string().c_str());
     }
 
   private:
@@ -435,16 +489,9 @@ template <> class [[nodiscard]] result<void> {
 
 namespace detail {
 
-/// A string of the library from UTF-8; none where that is ill-formed.
-inline std::optional<string> try_string(std::string_view utf8) noexcept {
-    const char *bytes = utf8.empty() ? "" : utf8.data();
-    return optional_of<string>(
-        voStringTryCreateFromUtf8(bytes, static_cast<std::int64_t>(utf8.size())));
-}
-
-/// The same for a value that `ok` must accept, which is an error of code `bad` otherwise.
-template <class Ok> result<string> checked(std::string_view utf8, Ok ok, errc bad) {
-    auto made = try_string(utf8);
+/// A string that `ok` must accept; it is an error of code `bad` otherwise.
+template <class Ok> result<string> checked(const string_arg &given, Ok ok, errc bad) {
+    auto made = given.try_string();
     if (!made) return failure(errc::bad_utf8);
     if (!ok(made->get())) return failure(bad);
     return std::move(*made);
@@ -460,17 +507,22 @@ inline bool is_plain_name(std::string_view name) noexcept {
         if (!starts(c) && !(c >= '0' && c <= '9') && c != '-' && c != '.') return false;
     return true;
 }
-inline result<string> checked_name_part(std::string_view utf8, int (*ok)(voString *)) {
-    return checked(
-        utf8, [&](voString *name) { return is_plain_name(utf8) || ok(name) != 0; }, errc::bad_name);
+inline result<string> checked_name_part(const string_arg &given, int (*ok)(voString *)) {
+    const auto is_name = [&](voString *name) {
+        return is_plain_name(given.utf8()) || ok(name) != 0;
+    };
+    return checked(given, is_name, errc::bad_name);
+}
+inline result<string> checked_namespace(const string_arg &given) {
+    return checked(given, xmlNsValueNamespaceOk, errc::bad_namespace);
 }
 
-inline result<string> plain_characters(std::string_view utf8) {
+inline result<string> plain_characters(const string_arg &given) {
     return checked(
-        utf8, [](voString *) { return true; }, errc::bad_utf8);
+        given, [](voString *) { return true; }, errc::bad_utf8);
 }
-inline result<string> escaped_characters(std::string_view utf8) {
-    return checked(utf8, xmlValueTextOk, errc::bad_escaped_text);
+inline result<string> escaped_characters(const string_arg &given) {
+    return checked(given, xmlValueTextOk, errc::bad_escaped_text);
 }
 
 inline std::optional<location> location_of(voParserLocation *adopted) {
@@ -488,14 +540,14 @@ class marked_text : public handle<T> {
     using handle<T>::handle;
 
     /** Makes a node of what stands between the delimiters. */
-    static result<marked_text> make(std::string_view value) {
+    static result<marked_text> make(string_arg value) {
         auto made = checked(value, Ok, Bad);
         if (!made) return made.error();
         return marked_text(adopt, Create(made->get()));
     }
     /** What stands between the delimiters. */
     [[nodiscard]] string value() const noexcept { return string(adopt, Value(this->get())); }
-    result<void> set_value(std::string_view value) {
+    result<void> set_value(string_arg value) {
         auto made = checked(value, Ok, Bad);
         if (!made) return made.error();
         SetValue(this->address(), made->get());
@@ -528,13 +580,13 @@ class text : public handle<XML_TEXT> {
     using handle::handle;
 
     /** Makes a text of plain characters. */
-    static result<text> make(std::string_view value) {
+    static result<text> make(string_arg value) {
         auto made = detail::plain_characters(value);
         if (!made) return made.error();
         return text(adopt, xmlTextCreateEscape(made->get()));
     }
     /** Makes a text of the escaped form. */
-    static result<text> make_escaped(std::string_view value) {
+    static result<text> make_escaped(string_arg value) {
         auto made = detail::escaped_characters(value);
         if (!made) return made.error();
         return text(adopt, xmlTextCreateValue(made->get()));
@@ -553,8 +605,8 @@ class text : public handle<XML_TEXT> {
 };
 /** @} */
 
-/** A name in a tree with namespaces, as a parameter and as views give it: a local name and the name
- *  of its namespace, which is empty for none. Refers to strings that it does not keep. */
+/** A name in a tree with namespaces, as views give it: a local name and the name of its namespace,
+ *  which is empty for none. Refers to strings that it does not keep. */
 struct qname {
     std::string_view ns, local;
 
@@ -580,6 +632,38 @@ struct expanded_name {
         return a.local == b.local && (a.ns ? *a.ns == b.ns : b.ns.empty());
     }
     friend bool operator!=(const expanded_name &a, const qname &b) noexcept { return !(a == b); }
+    friend bool operator==(const expanded_name &a, const expanded_name &b) noexcept {
+        return a.local == b.local && a.ns == b.ns;
+    }
+    friend bool operator!=(const expanded_name &a, const expanded_name &b) noexcept {
+        return !(a == b);
+    }
+};
+
+/** A name in a tree with namespaces as a parameter: `"local"`, `{ns, "local"}`, or a name that a
+ *  tree gave. An empty namespace stands for none. Refers to what it was made from. */
+struct qname_arg {
+    string_arg ns, local;
+
+    template <class Text, class = std::enable_if_t<std::is_convertible_v<const Text &, string_arg>>>
+    qname_arg(const Text &local_name VOXML_LIFETIMEBOUND) : ns(""), local(local_name) {}
+    qname_arg(string_arg ns_name VOXML_LIFETIMEBOUND, string_arg local_name VOXML_LIFETIMEBOUND)
+        : ns(ns_name), local(local_name) {}
+    qname_arg(const qname &name VOXML_LIFETIMEBOUND) : ns(name.ns), local(name.local) {}
+    qname_arg(const expanded_name &name VOXML_LIFETIMEBOUND)
+        : ns(name.ns ? string_arg(*name.ns) : string_arg("")), local(name.local) {}
+
+    [[nodiscard]] bool is(const qname &name) const noexcept {
+        return local.is(name.local) && ns.is(name.ns);
+    }
+    struct kept {
+        std::string ns, local;
+        operator qname() const noexcept VOXML_LIFETIMEBOUND { return {ns, local}; }
+    };
+    [[nodiscard]] qname in(kept &room VOXML_LIFETIMEBOUND) const {
+        return {ns.in(room.ns), local.in(room.local)};
+    }
+    [[nodiscard]] kept keep() const { return {ns.keep(), local.keep()}; }
 };
 
 /** How to decode. */
@@ -601,18 +685,40 @@ inline std::string utf8_of(voString *adopted) {
     return adopted ? string(adopt, adopted).str() : std::string();
 }
 
+/// The place of a byte of UTF-8 behind the place where that begins; none where the bytes before are
+/// no UTF-8.
+inline std::optional<location> place_of_byte(std::string_view utf8, std::int64_t byte,
+                                             voParserLocation *optional_start) {
+    if (byte < 0) return std::nullopt;
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    std::string_view before = utf8.substr(0, static_cast<std::size_t>(byte));
+    if (before.substr(0, mark.size()) == mark) before.remove_prefix(mark.size());
+    const auto text = string_arg(before).try_string();
+    if (!text) return std::nullopt;
+    const std::int64_t length = voStringLength(text->get());
+    const handle<XML_OPTIONS> options(adopt, xmlOptionsCreate());
+    const handle<voParserLocationMap> lines(
+        adopt, voParserLocationMapCreate(optional_start, xmlOptionsDecodeNlfFlags(options.get()),
+                                         voStringBacking(text->get()), length));
+    return location_of(voParserLocationMapLookup(lines.get(), length));
+}
+
 /// A failure from an error object of either layer.
 template <class Error, class Code, class Location, class Text, class Hint, class Offset>
 failure failure_of(Error *err, Code code, errc first, Location where, Text text, Hint hint,
                    Offset offset, const buffer *optional_xml) {
     const auto number = code(err);
+    const auto kind = static_cast<errc>(static_cast<std::int64_t>(first) + number);
     failure::details known;
     known.message = utf8_of(text(number));
     known.where = location_of(where(err));
     if (known.where && known.where->source) known.source = known.where->source->str();
     if (optional_xml) known.hint = utf8_of(hint(err, optional_xml->get()));
     if (optional_xml) known.byte_offset = offset(err, optional_xml->get());
-    return {static_cast<errc>(static_cast<std::int64_t>(first) + number), std::move(known)};
+    if (optional_xml && kind == errc::charset) // It is said to be at the beginning.
+        known.where = place_of_byte(optional_xml->view(), known.byte_offset,
+                                    handle<voParserLocation>(adopt, where(err)).get());
+    return {kind, std::move(known)};
 }
 
 inline handle<XML_OPTIONS> decoding(const decode_options &wanted) {
@@ -622,11 +728,12 @@ inline handle<XML_OPTIONS> decoding(const decode_options &wanted) {
     return options;
 }
 
-/// The place where a text begins, if it has a name.
+/// The place where a text begins, if it has a name. What is no UTF-8 in that becomes U+FFFD.
 inline std::optional<handle<voParserLocation>> beginning(std::string_view source) {
-    auto name = try_string(source);
-    if (!name || name->empty()) return std::nullopt;
-    return handle<voParserLocation>(adopt, voParserLocationCreate(name->get(), 0, 1, 1));
+    if (source.empty()) return std::nullopt;
+    const string name(adopt, voCharsetTryConvertBufferToStringWithFlags(
+                                 VO_CHARSET_UTF_8, buffer(source).get(), VO_CHARSET_FLAG_SNIFF));
+    return handle<voParserLocation>(adopt, voParserLocationCreate(name.get(), 0, 1, 1));
 }
 
 inline result<handle<XML_DOCUMENT>> decode(const buffer &xml, decode_options wanted) {
@@ -670,6 +777,55 @@ inline failure file_failure(std::string_view path, int error) {
     return {errc::file, std::move(known)};
 }
 
+/// The first character that a character set lacks; 0 where it has each of them.
+inline char32_t first_lacking(std::u32string_view text, voCharset charset) {
+    const auto has = [&](std::u32string_view part) {
+        const string piece(
+            adopt, voStringCreateFromCharsCopy(reinterpret_cast<const std::uint32_t *>(part.data()),
+                                               static_cast<std::int64_t>(part.size())));
+        return optional_of<buffer>(
+                   voCharsetTryConvertStringToBufferWithFlags(charset, piece.get(), 0))
+            .has_value();
+    };
+    while (text.size() > 1) {
+        const std::size_t half = text.size() / 2;
+        text = has(text.substr(0, half)) ? text.substr(half) : text.substr(0, half);
+    }
+    return text.empty() || has(text) ? 0 : text[0];
+}
+
+/// @param optional_utf8 what cannot be written in the character set; null where no one can hold it.
+inline failure charset_failure(const std::optional<buffer> &optional_utf8, voCharset charset,
+                               std::string source) {
+    failure::details known;
+    known.source = std::move(source);
+    known.message = utf8_of(voCharsetToIanaName(charset)) + " lacks a character of the text";
+    const auto text = optional_utf8 ? string_arg(optional_utf8->view()).try_string() : std::nullopt;
+    if (const char32_t lacking = text ? first_lacking(text->u32(), charset) : 0) {
+        char number[16];
+        std::snprintf(number, sizeof number, "U+%04lX", static_cast<unsigned long>(lacking));
+        known.message += std::string(": ") + number;
+        known.hint = "UTF-8 has every character";
+    }
+    return {errc::charset_too_small, std::move(known)};
+}
+
+/// @param target what a failure is about, if that has a name.
+inline result<buffer> encode(handle<XML_DOCUMENT> doc, const encode_options &wanted,
+                             std::string target) {
+    handle<XML_OPTIONS> options(adopt, xmlOptionsCreate());
+    if (!wanted.declaration)
+        xmlOptionsSetFlags(options.address(), XML_FLAG_ENCODE_OMIT_XML_DECLARATION);
+    xmlOptionsSetEncodeCharsetFlags(options.address(), wanted.charset_flags);
+    const auto encoded = [&] {
+        return optional_of<buffer>(xmlDocumentTryEncode(doc.get(), options.get()));
+    };
+    if (auto bytes = encoded()) return std::move(*bytes);
+    const voCharset charset = xmlDocumentCharset(doc.get());
+    xmlDocumentSetCharset(doc.address(), VO_CHARSET_UTF_8);
+    return charset_failure(encoded(), charset, std::move(target));
+}
+
 } // namespace detail
 
 /** A namespace declaration: a prefix, or none for the default namespace, bound to the name of a
@@ -679,7 +835,7 @@ class namespace_mapping : public handle<XML_NS_NAMESPACE_MAPPING> {
     using handle::handle;
 
     /** Empty stands for no prefix and for no namespace. */
-    static result<namespace_mapping> make(std::string_view prefix, std::string_view ns) {
+    static result<namespace_mapping> make(string_arg prefix, string_arg ns) {
         namespace_mapping made(adopt, xmlNsNamespaceMappingCreate());
         if (!prefix.empty()) {
             auto checked = detail::checked(prefix, xmlNsValuePrefixOk, errc::bad_prefix);
@@ -687,7 +843,7 @@ class namespace_mapping : public handle<XML_NS_NAMESPACE_MAPPING> {
             xmlNsNamespaceMappingSetPrefix(made.address(), checked->get());
         }
         if (!ns.empty()) {
-            auto checked = detail::checked(ns, xmlNsValueNamespaceOk, errc::bad_namespace);
+            auto checked = detail::checked_namespace(ns);
             if (!checked) return checked.error();
             xmlNsNamespaceMappingSetNamespace(made.address(), checked->get());
         }
@@ -782,7 +938,7 @@ class namespace_map : public handle<XML_NS_NAMESPACE_MAP>,
     }
     void erase(std::int64_t index) noexcept { xmlNsNamespaceMapDelMappingAt(address(), index); }
     /** The mapping of a prefix; empty stands for the default namespace. */
-    [[nodiscard]] std::optional<namespace_mapping> find_prefix(std::string_view prefix) const {
+    [[nodiscard]] std::optional<namespace_mapping> find_prefix(string_arg prefix) const {
         if (prefix.empty())
             return detail::optional_of<namespace_mapping>(
                 xmlNsNamespaceMapMappingForDefault(get()));
@@ -792,8 +948,8 @@ class namespace_map : public handle<XML_NS_NAMESPACE_MAP>,
             xmlNsNamespaceMapMappingForPrefix(get(), checked->get()));
     }
     /** The first mapping to that namespace. */
-    [[nodiscard]] std::optional<namespace_mapping> find_namespace(std::string_view ns) const {
-        const auto checked = detail::checked(ns, xmlNsValueNamespaceOk, errc::bad_namespace);
+    [[nodiscard]] std::optional<namespace_mapping> find_namespace(string_arg ns) const {
+        const auto checked = detail::checked_namespace(ns);
         if (!checked) return std::nullopt;
         return detail::optional_of<namespace_mapping>(
             xmlNsNamespaceMapMappingForNamespace(get(), checked->get()));
@@ -855,6 +1011,7 @@ namespace detail {
     static constexpr auto attributes_create = xml##AttributesCreate;                               \
     static constexpr auto attributes_length = xml##AttributesLength;                               \
     static constexpr auto attributes_at = xml##AttributesAttributeAt;                              \
+    static constexpr auto attributes_set_at = xml##AttributesSetAttributeAt;                       \
     static constexpr auto attributes_set = xml##AttributesSetAttribute;                            \
     static constexpr auto attributes_insert = xml##AttributesInsertAttribute;                      \
     static constexpr auto attributes_del_at = xml##AttributesDelAttributeAt;                       \
@@ -881,33 +1038,27 @@ namespace detail {
 struct plain_layer {
     VOXML_LAYER_ALIKE(xml, XML_);
 
+    static constexpr bool has_namespaces = false;
     using name_view = std::string_view;
     using name_value = voxml::string;
+    using name_arg = string_arg;
 
     /// A name as the library has it.
     struct name {
         voxml::string whole;
     };
-    static result<name> checked_name(name_view given) {
+    static result<name> checked_name(const name_arg &given) {
         auto made = checked_name_part(given, xmlValueNameOk);
         if (!made) return made.error();
         return name{std::move(*made)};
     }
-
-    /// A name that ends with a NUL; `findable` when it is no longer than that says.
-    struct c_name {
-        explicit c_name(name_view given)
-            : whole(given), findable(given.find('\0') == name_view::npos) {}
-        name_view view() const noexcept { return whole; }
-        std::string whole;
-        bool findable;
-    };
-    static element_t *child(element_t *el, const c_name &wanted) noexcept {
-        return xmlElementChild(el, wanted.whole.c_str());
+    static result<name> checked_attribute_name(const name_arg &given) {
+        return checked_name(given);
     }
+
     static std::int64_t find_child(element_t *el, std::int64_t from,
-                                   const c_name &wanted) noexcept {
-        return xmlElementFindChild(el, from, wanted.whole.c_str());
+                                   const name_view &name) noexcept {
+        return xmlElementFindChildUtf8(el, from, bytes_of(name), length_of(name));
     }
 
     static name_value name_of(element_t *el) noexcept {
@@ -970,8 +1121,10 @@ struct plain_layer {
 struct ns_layer {
     VOXML_LAYER_ALIKE(xmlNs, XML_NS_);
 
+    static constexpr bool has_namespaces = true;
     using name_view = qname;
     using name_value = expanded_name;
+    using name_arg = qname_arg;
 
     struct name {
         voxml::string local;
@@ -979,30 +1132,25 @@ struct ns_layer {
 
         voString *ns_or_null() const noexcept { return ns ? ns->get() : nullptr; }
     };
-    static result<name> checked_name(name_view given) {
+    static result<name> checked_name(const name_arg &given) {
         auto local = checked_name_part(given.local, xmlNsValueLocalNameOk);
         if (!local) return local.error();
         if (given.ns.empty()) return name{std::move(*local), std::nullopt};
-        auto ns = checked(given.ns, xmlNsValueNamespaceOk, errc::bad_namespace);
+        auto ns = checked_namespace(given.ns);
         if (!ns) return ns.error();
         return name{std::move(*local), std::move(*ns)};
     }
-
-    struct c_name {
-        explicit c_name(name_view given)
-            : local(given.local), ns(given.ns), findable(local.find('\0') == std::string::npos &&
-                                                         ns.find('\0') == std::string::npos) {}
-        const char *ns_or_null() const noexcept { return ns.empty() ? nullptr : ns.c_str(); }
-        name_view view() const noexcept { return {ns, local}; }
-        std::string local, ns;
-        bool findable;
-    };
-    static element_t *child(element_t *el, const c_name &wanted) noexcept {
-        return xmlNsElementChild(el, wanted.local.c_str(), wanted.ns_or_null());
+    /// An attribute `xmlns` without a namespace would be read again as a declaration.
+    static result<name> checked_attribute_name(const name_arg &given) {
+        if (given.is("xmlns")) return failure(errc::bad_name);
+        return checked_name(given);
     }
+
     static std::int64_t find_child(element_t *el, std::int64_t from,
-                                   const c_name &wanted) noexcept {
-        return xmlNsElementFindChild(el, from, wanted.local.c_str(), wanted.ns_or_null());
+                                   const name_view &name) noexcept {
+        return xmlNsElementFindChildUtf8(el, from, bytes_of(name.local), length_of(name.local),
+                                         name.ns.empty() ? nullptr : name.ns.data(),
+                                         length_of(name.ns));
     }
 
     static name_value name_of(element_t *el) noexcept {
@@ -1076,19 +1224,19 @@ struct ns_layer {
 template <class Layer> class basic_attribute : public handle<typename Layer::attribute_t> {
   public:
     using handle<typename Layer::attribute_t>::handle;
-    using name_view = typename Layer::name_view;
+    using name_arg = typename Layer::name_arg;
 
     /** Makes an attribute with a value of plain characters. */
-    static result<basic_attribute> make(name_view name, std::string_view value) {
-        auto checked = Layer::checked_name(name);
+    static result<basic_attribute> make(const name_arg &name, string_arg value) {
+        auto checked = Layer::checked_attribute_name(name);
         if (!checked) return checked.error();
         auto plain = detail::plain_characters(value);
         if (!plain) return plain.error();
         return basic_attribute(adopt, Layer::attribute_create(*checked, plain->get()));
     }
     [[nodiscard]] auto name() const noexcept { return Layer::name_of(this->get()); }
-    result<void> set_name(name_view name) {
-        auto checked = Layer::checked_name(name);
+    result<void> set_name(const name_arg &name) {
+        auto checked = Layer::checked_attribute_name(name);
         if (!checked) return checked.error();
         Layer::rename(this->address(), *checked);
         return {};
@@ -1100,13 +1248,13 @@ template <class Layer> class basic_attribute : public handle<typename Layer::att
     [[nodiscard]] string escaped_value() const noexcept {
         return string(adopt, Layer::attribute_escaped_value(this->get()));
     }
-    result<void> set_value(std::string_view value) {
+    result<void> set_value(string_arg value) {
         auto plain = detail::plain_characters(value);
         if (!plain) return plain.error();
         Layer::attribute_set_value(this->address(), plain->get());
         return {};
     }
-    result<void> set_escaped_value(std::string_view value) {
+    result<void> set_escaped_value(string_arg value) {
         auto escaped = detail::escaped_characters(value);
         if (!escaped) return escaped.error();
         Layer::attribute_set_escaped_value(this->address(), escaped->get());
@@ -1134,7 +1282,7 @@ template <class Layer> class basic_attributes : public handle<typename Layer::at
         return attribute_type(adopt, Layer::attributes_at(this->get(), index));
     }
     /** The attribute of that name. */
-    [[nodiscard]] std::optional<attribute_type> find(typename Layer::name_view name) const {
+    [[nodiscard]] std::optional<attribute_type> find(const typename Layer::name_arg &name) const {
         auto checked = Layer::checked_name(name);
         if (!checked) return std::nullopt;
         return detail::optional_of<attribute_type>(Layer::find(this->get(), *checked));
@@ -1142,6 +1290,10 @@ template <class Layer> class basic_attributes : public handle<typename Layer::at
     /** Puts it in the place of the attribute of its name, or at the end. */
     void set(const attribute_type &attr) noexcept {
         Layer::attributes_set(this->address(), attr.get());
+    }
+    /** In the place of the attribute at `index`. Another one of its name goes. */
+    void set(std::int64_t index, const attribute_type &attr) noexcept {
+        Layer::attributes_set_at(this->address(), index, attr.get());
     }
     /** Before the attribute at `index`, which may be the size. Another one of its name goes. */
     void insert(std::int64_t index, const attribute_type &attr) noexcept {
@@ -1221,7 +1373,7 @@ template <class Layer> class basic_items : public handle<typename Layer::items_t
 /** The child elements of an element, all or those of one name: a forward range of values. */
 template <class Layer> class basic_elements {
   public:
-    basic_elements(basic_element<Layer> parent, std::optional<typename Layer::c_name> name)
+    basic_elements(basic_element<Layer> parent, std::optional<typename Layer::name_arg::kept> name)
         : parent_(std::move(parent)), name_(std::move(name)) {}
 
     [[nodiscard]] bool empty() const noexcept { return next(-1) < 0; }
@@ -1237,8 +1389,7 @@ template <class Layer> class basic_elements {
         return basic_element<Layer>(adopt, Layer::element_item_element_at(parent_.get(), place));
     }
     [[nodiscard]] std::int64_t next(std::int64_t place) const noexcept {
-        if (name_)
-            return name_->findable ? Layer::find_child(parent_.get(), place + 1, *name_) : -1;
+        if (name_) return Layer::find_child(parent_.get(), place + 1, *name_);
         const std::int64_t length = Layer::element_items_length(parent_.get());
         for (++place; place < length; ++place)
             if (Layer::element_item_type_at(parent_.get(), place) == XML_ITEM_TYPE_ELEMENT)
@@ -1248,13 +1399,13 @@ template <class Layer> class basic_elements {
 
   private:
     basic_element<Layer> parent_;
-    std::optional<typename Layer::c_name> name_;
+    std::optional<typename Layer::name_arg::kept> name_;
 };
 
 /** An attribute in an expression that builds an element: a name and plain characters. */
 template <class Name> struct basic_attr {
     Name name;
-    std::string_view value;
+    string_arg value;
 };
 
 namespace detail {
@@ -1263,9 +1414,61 @@ template <class T, class = void> struct is_range : std::false_type {};
 template <class T> struct is_range<T, std::void_t<decltype(std::begin(std::declval<const T &>()))>>
     : std::true_type {};
 
-/// What a function that edits an element gives, with `Found`: whether there was an element.
+template <class Layer> struct need_namespaces {
+    static_assert(Layer::has_namespaces,
+                  "the plain tree keeps declarations as attributes; see voxml::ns and resolve()");
+    using layer = Layer;
+};
+template <class Layer, class Other> constexpr void need_same_tree() noexcept {
+    static_assert(std::is_same_v<Layer, Other>,
+                  "this belongs to the other tree: one of voxml and voxml::ns; see resolve() and "
+                  "plain() of documents");
+}
+
+template <class T> struct is_result : std::false_type {};
+template <class T> struct is_result<result<T>> : std::true_type {};
+
+/// Whether a function that edits an element gives a result.
+template <class Edit, class Element> inline constexpr bool may_fail =
+    is_result<std::invoke_result_t<Edit &, Element &>>::value;
+
+/// What changing elements in their place gives: a result where that of the function is one.
 template <class Edit, class Element, class Found> using edited =
-    std::conditional_t<std::is_void_v<std::invoke_result_t<Edit, Element &>>, Found, result<Found>>;
+    std::conditional_t<may_fail<Edit, Element>, result<Found>, Found>;
+
+/// Whether the function has done what it was called for.
+template <class T> bool is_done(const T &given) noexcept {
+    if constexpr (std::is_arithmetic_v<T>)
+        return given != 0;
+    else
+        return true;
+}
+
+/// Calls the function; gives whether that has done what it was called for, or its failure.
+template <class Edit, class Element>
+edited<Edit, Element, bool> apply(Edit &edit, Element &element) {
+    using given = std::invoke_result_t<Edit &, Element &>;
+    if constexpr (std::is_void_v<given>) {
+        edit(element);
+    } else if constexpr (is_result<given>::value) {
+        auto done = edit(element);
+        if (!done) return done.error();
+        if constexpr (!std::is_void_v<typename given::value_type>) return is_done(*done);
+    } else {
+        return is_done(edit(element));
+    }
+    return true;
+}
+
+/// Adds what apply() gave to a count; gives the failure if it is one.
+inline std::optional<failure> count_done(bool done, std::int64_t &count) {
+    count += done ? 1 : 0;
+    return std::nullopt;
+}
+inline std::optional<failure> count_done(const result<bool> &done, std::int64_t &count) {
+    if (!done) return done.error();
+    return count_done(*done, count);
+}
 
 } // namespace detail
 
@@ -1273,8 +1476,8 @@ template <class Edit, class Element, class Found> using edited =
 template <class Layer> class basic_element : public handle<typename Layer::element_t> {
   public:
     using handle<typename Layer::element_t>::handle;
-    using name_view = typename Layer::name_view;
-    using attr = basic_attr<name_view>;
+    using name_arg = typename Layer::name_arg;
+    using attr = basic_attr<name_arg>;
     using item_type = basic_item<Layer>;
 
     /** Builds an element. The parts are what append() takes, or results of those:
@@ -1285,7 +1488,7 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
      *
      *  Gives the first failure among them. */
     template <class... Parts>
-    static result<basic_element> make(name_view name, const Parts &...parts) {
+    static result<basic_element> make(const name_arg &name, const Parts &...parts) {
         auto checked = Layer::checked_name(name);
         if (!checked) return checked.error();
         basic_element made(adopt, Layer::element_create(*checked));
@@ -1296,7 +1499,7 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
 
     /** @name Name @{ */
     [[nodiscard]] auto name() const noexcept { return Layer::name_of(this->get()); }
-    result<void> set_name(name_view name) {
+    result<void> set_name(const name_arg &name) {
         auto checked = Layer::checked_name(name);
         if (!checked) return checked.error();
         Layer::rename(this->address(), *checked);
@@ -1307,28 +1510,28 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     /** @name Attributes
      *  A value is none where there is no such attribute; the plain one also where it refers to an
      *  entity that is not predefined. @{ */
-    [[nodiscard]] std::optional<string> attribute(name_view name) const {
+    [[nodiscard]] std::optional<string> attribute(const name_arg &name) const {
         auto checked = Layer::checked_name(name);
         if (!checked) return std::nullopt;
         return detail::optional_of<string>(Layer::attribute(this->get(), *checked));
     }
-    [[nodiscard]] std::optional<string> escaped_attribute(name_view name) const {
+    [[nodiscard]] std::optional<string> escaped_attribute(const name_arg &name) const {
         auto checked = Layer::checked_name(name);
         if (!checked) return std::nullopt;
         return detail::optional_of<string>(Layer::escaped_attribute(this->get(), *checked));
     }
-    [[nodiscard]] bool has_attribute(name_view name) const {
+    [[nodiscard]] bool has_attribute(const name_arg &name) const {
         auto checked = Layer::checked_name(name);
         return checked && Layer::has_attribute(this->get(), *checked) != 0;
     }
-    result<void> set_attribute(name_view name, std::string_view value) {
+    result<void> set_attribute(const name_arg &name, string_arg value) {
         return change_attribute(name, detail::plain_characters(value), Layer::set_attribute);
     }
-    result<void> set_escaped_attribute(name_view name, std::string_view value) {
+    result<void> set_escaped_attribute(const name_arg &name, string_arg value) {
         return change_attribute(name, detail::escaped_characters(value),
                                 Layer::set_escaped_attribute);
     }
-    void remove_attribute(name_view name) {
+    void remove_attribute(const name_arg &name) {
         if (auto checked = Layer::checked_name(name))
             Layer::del_attribute(this->address(), *checked);
     }
@@ -1353,14 +1556,14 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     }
     /** The child elements, all or those of a name. */
     [[nodiscard]] basic_elements<Layer> elements() const { return {*this, std::nullopt}; }
-    [[nodiscard]] basic_elements<Layer> elements(name_view name) const {
-        return {*this, typename Layer::c_name(name)};
+    [[nodiscard]] basic_elements<Layer> elements(const name_arg &name) const {
+        return {*this, name.keep()};
     }
     /** The first child element of that name. */
-    [[nodiscard]] std::optional<basic_element> child(name_view name) const {
-        const typename Layer::c_name wanted(name);
-        if (!wanted.findable) return std::nullopt;
-        return detail::optional_of<basic_element>(Layer::child(this->get(), wanted));
+    [[nodiscard]] std::optional<basic_element> child(const name_arg &name) const {
+        const std::int64_t index = index_of_child(name);
+        if (index < 0) return std::nullopt;
+        return basic_element(adopt, Layer::element_item_element_at(this->get(), index));
     }
     /** The texts and CDATA sections below the element at any depth, joined; none where one refers
      *  to an entity that is not predefined. */
@@ -1389,56 +1592,82 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     void erase(std::int64_t index) noexcept { Layer::element_del_item_at(this->address(), index); }
     void clear() noexcept { Layer::element_items_clear(this->address()); }
     /** Replaces all items by a text of plain characters. */
-    result<void> set_text(std::string_view value) {
+    result<void> set_text(string_arg value) {
         auto plain = detail::plain_characters(value);
         if (!plain) return plain.error();
         clear();
         Layer::element_append_text(this->address(), plain->get());
         return {};
     }
+    /** Erases the items for which `is_unwanted(item)` holds, in time linear in the number of all.
+     *  Gives how many those were. */
+    template <class Predicate> std::int64_t erase_if(Predicate &&is_unwanted) {
+        basic_items<Layer> kept;
+        for (const auto &each : items())
+            if (!is_unwanted(each)) kept.append(each);
+        const std::int64_t erased = size() - kept.size();
+        if (erased != 0) set_items(kept);
+        return erased;
+    }
     /** @} */
 
     /** @name Changing elements in their place
-     *  `edit(child)` is called with child elements that were moved out of this element for the
-     *  time, so that whatever nobody else holds is changed where it is: a change copies neither
-     *  brothers nor parents and takes time that does not grow with their number. The function must
-     *  leave an element in the variable. While it runs, an empty text stands in the child's place,
-     *  and the items of this element must stay as they are: otherwise the process ends when the
-     *  child is put back.
+     *  `edit(element)` is called with elements that were moved out of their parents for the time,
+     *  so that whatever nobody else holds is changed where it is: a change copies neither brothers
+     *  nor parents and takes time that does not grow with their number. The function must leave an
+     *  element in the variable. While it runs, an empty text stands in the element's place, and the
+     *  items of its parent must stay as they are: otherwise the process ends when the element is
+     *  put back.
      *
-     *  A function that gives nothing makes these give whether there was such a child, or how many.
-     *  One that gives a result<void> makes them give a result of that; the first failure ends the
-     *  work, and what was changed before stays changed. @{ */
+     *  These give whether there was such an element, or how many. One for which the function gives
+     *  false or 0, as these do, does not count. Where the function gives a `result`, these do too;
+     *  the first failure ends the work, and what was changed before stays changed. @{ */
 
     /** The child element at `index` among the items. */
     template <class Edit>
     detail::edited<Edit, basic_element, bool> edit_at(std::int64_t index, Edit &&edit) {
         auto *taken = Layer::element_take_element_at(this->address(), index);
         if (!taken) return false;
-        const loan back{this, index, basic_element(adopt, taken)};
-        return apply(edit, back.child, true);
+        returned back{this, {*this, index, basic_element(adopt, taken)}};
+        return detail::apply(edit, back.lent.child);
     }
     /** The first child element of that name. */
     template <class Edit>
-    detail::edited<Edit, basic_element, bool> edit_child(name_view name, Edit &&edit) {
-        const typename Layer::c_name wanted(name);
-        const std::int64_t index = wanted.findable ? Layer::find_child(this->get(), 0, wanted) : -1;
+    detail::edited<Edit, basic_element, bool> edit_child(const name_arg &name, Edit &&edit) {
+        const std::int64_t index = index_of_child(name);
         if (index < 0) return false;
         return edit_at(index, edit);
     }
     /** Every child element of that name, in order. */
-    template <class Edit>
-    detail::edited<Edit, basic_element, std::int64_t> edit_children(name_view name, Edit &&edit) {
-        const typename Layer::c_name wanted(name);
+    template <class Edit> detail::edited<Edit, basic_element, std::int64_t>
+    edit_children(const name_arg &name, Edit &&edit) {
+        typename name_arg::kept room;
+        const typename Layer::name_view wanted = name.in(room);
         std::int64_t count = 0;
-        if (!wanted.findable) return count;
         for (std::int64_t at = 0; (at = Layer::find_child(this->get(), at, wanted)) >= 0; ++at) {
-            [[maybe_unused]] auto done = edit_at(at, edit);
-            if constexpr (!std::is_same_v<decltype(done), bool>)
-                if (!done) return done.error();
-            ++count;
+            [[maybe_unused]] auto failed = detail::count_done(edit_at(at, edit), count);
+            if constexpr (detail::may_fail<Edit, basic_element>)
+                if (failed) return std::move(*failed);
         }
         return count;
+    }
+    /** This element and every one below at any depth, each before those below it. */
+    template <class Edit> detail::edited<Edit, basic_element, std::int64_t> edit_all(Edit &&edit) {
+        std::int64_t count = 0;
+        descent way(*this);
+        do {
+            [[maybe_unused]] auto failed =
+                detail::count_done(detail::apply(edit, way.current()), count);
+            if constexpr (detail::may_fail<Edit, basic_element>)
+                if (failed) return std::move(*failed);
+        } while (way.next());
+        return count;
+    }
+    /** Moves the child element at `index` among the items out, if one is there. In its place stands
+     *  an empty text, which counts as an item, until set() puts the element back. */
+    [[nodiscard]] std::optional<basic_element> take_at(std::int64_t index) noexcept {
+        return detail::optional_of<basic_element>(
+            Layer::element_take_element_at(this->address(), index));
     }
     /** @} */
 
@@ -1446,8 +1675,11 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     [[nodiscard]] result<buffer> encode() const { return encode(VO_CHARSET_UTF_8); }
     /** The same in a character set, one of the constants in vo/vo_charset.h. */
     [[nodiscard]] result<buffer> encode(voCharset charset) const {
-        auto bytes = detail::optional_of<buffer>(Layer::element_encode(this->get(), charset));
-        if (!bytes) return failure(errc::charset_too_small);
+        const auto encoded = [this](voCharset in) {
+            return detail::optional_of<buffer>(Layer::element_encode(this->get(), in));
+        };
+        auto bytes = encoded(charset);
+        if (!bytes) return detail::charset_failure(encoded(VO_CHARSET_UTF_8), charset, {});
         return std::move(*bytes);
     }
     /** Where it was found, if that was recorded. */
@@ -1458,56 +1690,112 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     [[nodiscard]] basic_view<Layer> view() const { return basic_view<Layer>(*this); }
 
     /** @name Namespace declarations
-     *  Those of this element itself, if it has any; only in the tree with namespaces. @{ */
+     *  Those of this element itself, if it has any; only in the tree with namespaces. An element
+     *  that goes to another document keeps its names, but leaves the declarations around it behind:
+     *  when it is written, prefixes are found anew. Whoever wants the same ones, or has prefixes in
+     *  texts and values, sets them here. @{ */
     [[nodiscard]] std::optional<namespace_map> namespaces() const noexcept {
-        return detail::optional_of<namespace_map>(Layer::namespaces(this->get()));
+        using layer = typename detail::need_namespaces<Layer>::layer;
+        return detail::optional_of<namespace_map>(layer::namespaces(this->get()));
     }
     void set_namespaces(const namespace_map &map) noexcept {
-        Layer::set_namespaces(this->address(), map.get());
+        using layer = typename detail::need_namespaces<Layer>::layer;
+        layer::set_namespaces(this->address(), map.get());
     }
-    void remove_namespaces() noexcept { Layer::remove_namespaces(this->address()); }
+    void remove_namespaces() noexcept {
+        using layer = typename detail::need_namespaces<Layer>::layer;
+        layer::remove_namespaces(this->address());
+    }
     /** @} */
 
   private:
-    /// Puts a child back that was taken out, whatever happens.
-    struct loan {
-        basic_element *parent;
-        std::int64_t index;
-        mutable basic_element child;
-        basic_item<Layer> hole; ///< What stands in the child's place.
-
-        loan(basic_element *from, std::int64_t place, basic_element taken)
-            : parent(from), index(place), child(std::move(taken)), hole(stands_there()) {}
-        loan(const loan &) = delete;
-        loan &operator=(const loan &) = delete;
-        ~loan() {
-            if (index >= Layer::element_items_length(parent->get()) ||
-                stands_there().get() != hole.get())
-                vo___Abort("voxml::element", __FILE__, __LINE__,
-                           "the items of an element were changed while a child was edited");
-            Layer::element_set_item_element_at(parent->address(), index, child.get());
-        }
-        basic_item<Layer> stands_there() const noexcept {
-            return basic_item<Layer>(adopt, Layer::element_item_at(parent->get(), index));
-        }
-    };
-
-    friend class basic_document<Layer>;
-
-    template <class Edit, class Found> static detail::edited<Edit, basic_element, Found>
-    apply(Edit &edit, basic_element &child, Found found) {
-        if constexpr (std::is_void_v<std::invoke_result_t<Edit &, basic_element &>>) {
-            edit(child);
-        } else {
-            result<void> done = edit(child);
-            if (!done) return done.error();
-        }
-        return found;
+    std::int64_t index_of_child(const name_arg &name) const {
+        typename name_arg::kept room;
+        return Layer::find_child(this->get(), 0, name.in(room));
     }
 
+    /// A child that was taken out.
+    struct loan {
+        std::int64_t index;
+        basic_element child;
+        basic_item<Layer> hole; ///< What stands in its place.
+
+        loan(const basic_element &parent, std::int64_t place, basic_element taken)
+            : index(place), child(std::move(taken)), hole(parent.item_at(place)) {}
+    };
+    /// Puts a child back, whatever happens.
+    struct returned {
+        basic_element *parent;
+        loan lent;
+        ~returned() { parent->put_back(lent); }
+    };
+
+    basic_item<Layer> item_at(std::int64_t index) const noexcept {
+        return basic_item<Layer>(adopt, Layer::element_item_at(this->get(), index));
+    }
+    void put_back(const loan &lent) noexcept {
+        if (lent.index >= size() || item_at(lent.index) != lent.hole)
+            vo___Abort("voxml::element", __FILE__, __LINE__,
+                       "the items of an element were changed while a child was edited");
+        Layer::element_set_item_element_at(this->address(), lent.index, lent.child.get());
+    }
+
+    /// The way from an element to one below it. Each on it is taken out of the one before and put
+    /// back when it is left.
+    class descent {
+      public:
+        explicit descent(basic_element &top) : top_(top) {}
+        descent(const descent &) = delete;
+        descent &operator=(const descent &) = delete;
+        ~descent() {
+            while (!levels_.empty())
+                leave();
+        }
+
+        basic_element &current() noexcept {
+            return levels_.empty() ? top_ : levels_.back().lent.child;
+        }
+        /// To the next element in document order; false at the end.
+        bool next() {
+            while (!enter_next()) {
+                if (levels_.empty()) return false;
+                leave();
+            }
+            return true;
+        }
+
+      private:
+        struct level {
+            loan lent;
+            std::int64_t next; ///< The item to look at next.
+        };
+
+        bool enter_next() {
+            basic_element &parent = current();
+            std::int64_t &next = levels_.empty() ? top_next_ : levels_.back().next;
+            while (next < parent.size()) {
+                const std::int64_t at = next++;
+                auto taken = parent.take_at(at);
+                if (!taken) continue;
+                levels_.push_back({{parent, at, std::move(*taken)}, 0});
+                return true;
+            }
+            return false;
+        }
+        void leave() {
+            const level left = std::move(levels_.back());
+            levels_.pop_back();
+            current().put_back(left.lent);
+        }
+
+        basic_element &top_;
+        std::int64_t top_next_ = 0;
+        std::vector<level> levels_;
+    };
+
     template <class Set>
-    result<void> change_attribute(name_view name, const result<string> &value, Set put) {
-        auto checked = Layer::checked_name(name);
+    result<void> change_attribute(const name_arg &name, const result<string> &value, Set put) {
+        auto checked = Layer::checked_attribute_name(name);
         if (!checked) return checked.error();
         if (!value) return value.error();
         put(this->address(), *checked, value->get());
@@ -1518,12 +1806,24 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         Layer::element_append_element(this->address(), child.get());
         return {};
     }
-    result<void> add(const attr &added) { return set_attribute(added.name, added.value); }
+    template <class Other> result<void> add(const basic_element<Other> &) {
+        return detail::need_same_tree<Layer, Other>(), result<void>();
+    }
+    template <class Other> result<void> add(const basic_item<Other> &child) {
+        detail::need_same_tree<Layer, Other>();
+        Layer::element_append_item(this->address(), child.get());
+        return {};
+    }
+    template <class Name> result<void> add(const basic_attr<Name> &added) {
+        static_assert(std::is_convertible_v<Name, name_arg>,
+                      "an attribute of the tree with namespaces in the plain one");
+        return set_attribute(added.name, added.value);
+    }
     template <class T> result<void> add(const result<T> &part) {
         return part ? add(*part) : result<void>(part.error());
     }
     template <class Part> result<void> add(const Part &part) {
-        if constexpr (std::is_convertible_v<const Part &, std::string_view>) {
+        if constexpr (std::is_convertible_v<const Part &, string_arg>) {
             auto plain = detail::plain_characters(part);
             if (!plain) return plain.error();
             Layer::element_append_text(this->address(), plain->get());
@@ -1553,7 +1853,8 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
         : handle<typename Layer::document_t>(std::move(same)) {}
 
     /** @name Decoding
-     *  See xml/xml_document_decode.h and, for files, xml/xml_document_file.h. The tree keeps the
+     *  See xml/xml_document_decode.h, which also tells what to do about documents without an XML
+     *  declaration or with a DOCTYPE, and for files xml/xml_document_file.h. The tree keeps the
      *  buffer, or a copy of the bytes, until all of its objects are made. In the tree with
      *  namespaces they are resolved too. @{ */
     static result<basic_document> decode(std::string_view bytes,
@@ -1579,18 +1880,11 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     /** @name Encoding
      *  In the canonical layout and the document's character set. @{ */
     [[nodiscard]] result<buffer> encode(const encode_options &wanted = {}) const {
-        handle<XML_OPTIONS> options(adopt, xmlOptionsCreate());
-        if (!wanted.declaration)
-            xmlOptionsSetFlags(options.address(), XML_FLAG_ENCODE_OMIT_XML_DECLARATION);
-        xmlOptionsSetEncodeCharsetFlags(options.address(), wanted.charset_flags);
-        const auto plain = Layer::plain(*this);
-        auto bytes = detail::optional_of<buffer>(xmlDocumentTryEncode(plain.get(), options.get()));
-        if (!bytes) return failure(errc::charset_too_small);
-        return std::move(*bytes);
+        return detail::encode(Layer::plain(*this), wanted, {});
     }
     /** Replaces the file once the new one is whole; after a failure it is as it was. */
     result<void> encode_file(const std::string &path, const encode_options &options = {}) const {
-        auto bytes = encode(options);
+        auto bytes = detail::encode(Layer::plain(*this), options, path);
         if (!bytes) return bytes.error();
         const int error = voFileReplace(path.c_str(), bytes->get());
         if (error != 0) return detail::file_failure(path, error);
@@ -1614,12 +1908,19 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
         Layer::document_set_items(this->address(), items.get());
     }
     /** Changes the root in its place, as basic_element::edit_child() does a child. While the
-     * function runs, the document has no items and must be given none. */
+     *  function runs, the document has no items and must be given none. */
     template <class Edit> detail::edited<Edit, element_type, bool> edit_root(Edit &&edit) {
         auto *taken = Layer::document_take_root(this->address());
         if (!taken) return false;
         loan back(this, element_type(adopt, taken));
-        return element_type::apply(edit, back.root, true);
+        return detail::apply(edit, back.root);
+    }
+    /** Changes the root and every element below it, see basic_element::edit_all(). */
+    template <class Edit> detail::edited<Edit, element_type, std::int64_t> edit_all(Edit &&edit) {
+        auto *taken = Layer::document_take_root(this->address());
+        if (!taken) return std::int64_t{0};
+        loan back(this, element_type(adopt, taken));
+        return back.root.edit_all(edit);
     }
     /** @} */
 
@@ -1627,7 +1928,7 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     [[nodiscard]] string version() const noexcept {
         return string(adopt, Layer::document_version(this->get()));
     }
-    result<void> set_version(std::string_view version) {
+    result<void> set_version(string_arg version) {
         auto checked = detail::checked(version, xmlValueVersionNumOk, errc::bad_version);
         if (!checked) return checked.error();
         Layer::document_set_version(this->address(), checked->get());
@@ -1661,6 +1962,7 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     /** The document with its names resolved; a failure has no hint and no offset in bytes. Only in
      *  the plain tree. */
     [[nodiscard]] result<basic_document<detail::ns_layer>> resolve() const {
+        static_assert(!Layer::has_namespaces, "the names of this document are resolved already");
         auto resolved = Layer::resolve(this->get());
         if (!resolved) return resolved.error();
         return basic_document<detail::ns_layer>(std::move(*resolved));
@@ -1734,24 +2036,37 @@ class text_store {
     std::size_t capacity_ = 0; ///< and it has so many bytes.
 };
 
+/// Moves a cursor, which stands so many levels below a node, to the next item below that in
+/// document order; to the node itself at the end.
+inline bool next_below(XML_CURSOR *cursor, std::int64_t &depth) noexcept {
+    if (xmlCursorFirstChild(cursor)) return ++depth, true;
+    for (; depth != 0; --depth) {
+        if (xmlCursorNext(cursor)) return true;
+        xmlCursorParent(cursor);
+    }
+    return false;
+}
+
 } // namespace detail
 
 template <class Layer> class basic_views;
 
 /** A node that is read without making or counting objects: a document, an element, an attribute or
- *  another node. A view has a cursor of its own (xml/xml_cursor.h), which a copy of the view
- * copies, and keeps the tree. It is for one thread at a time, reading included.
+ *  another node. A view has a cursor of its own (xml/xml_cursor.h) and keeps what is below it. To
+ *  copy a view takes the same time however deep its node lies. It is for one thread at a time,
+ *  reading included.
  *
  *  The strings that a view gives stay valid as long as the view lives, is not assigned and, in a
  *  range, is not followed by the next; each takes memory until then. */
 template <class Layer> class basic_view {
   public:
     using name_view = typename Layer::name_view;
+    using name_arg = typename Layer::name_arg;
 
     explicit basic_view(const basic_document<Layer> &doc)
         : cursor_(adopt, Layer::cursor(doc.get())) {}
     explicit basic_view(const basic_element<Layer> &el) : cursor_(adopt, Layer::cursor(el.get())) {}
-    basic_view(const basic_view &other) : cursor_(adopt, xmlCursorCreateFrom(other.at_home())) {}
+    basic_view(const basic_view &other) : cursor_(adopt, xmlCursorCreateHere(other.at_home())) {}
     basic_view(basic_view &&) noexcept = default;
     basic_view &operator=(const basic_view &other) {
         basic_view copy(other);
@@ -1778,21 +2093,21 @@ template <class Layer> class basic_view {
     }
     /** The value of the attribute of that name, as basic_element::attribute() gives it. */
     [[nodiscard]] std::optional<std::string_view>
-    attribute(name_view name) const VOXML_LIFETIMEBOUND {
+    attribute(const name_arg &name) const VOXML_LIFETIMEBOUND {
         if (!find_attribute(name)) return std::nullopt;
         return keep(xmlCursorValueTryUnescape(cursor_.get()));
     }
     [[nodiscard]] std::optional<std::string_view>
-    escaped_attribute(name_view name) const VOXML_LIFETIMEBOUND {
+    escaped_attribute(const name_arg &name) const VOXML_LIFETIMEBOUND {
         if (!find_attribute(name)) return std::nullopt;
         return keep(xmlCursorValue(cursor_.get()));
     }
-    [[nodiscard]] bool has_attribute(name_view name) const { return find_attribute(name); }
+    [[nodiscard]] bool has_attribute(const name_arg &name) const { return find_attribute(name); }
     /** As basic_element::text() gives it. */
     [[nodiscard]] std::optional<std::string_view> text() const VOXML_LIFETIMEBOUND {
         std::string_view first;
         std::string joined;
-        for (bool more = down(at_home(), xmlCursorFirstChild); more; more = advance()) {
+        for (at_home(); detail::next_below(cursor_.get(), depth_);) {
             const XML_ITEM_TYPE type = xmlCursorType(cursor_.get());
             if (type != XML_ITEM_TYPE_TEXT && type != XML_ITEM_TYPE_CDATA) continue;
             const auto piece = string_of(xmlCursorValueTryUnescape(cursor_.get()));
@@ -1816,13 +2131,20 @@ template <class Layer> class basic_view {
     [[nodiscard]] basic_views<Layer> elements() const {
         return {*this, kind::element, std::nullopt};
     }
-    [[nodiscard]] basic_views<Layer> elements(name_view name) const {
-        return {*this, kind::element, typename Layer::c_name(name)};
+    [[nodiscard]] basic_views<Layer> elements(const name_arg &name) const {
+        return {*this, kind::element, name.keep()};
+    }
+    /** The elements below at any depth, all or those of a name, in document order. */
+    [[nodiscard]] basic_views<Layer> descendants() const {
+        return {*this, kind::descendant, std::nullopt};
+    }
+    [[nodiscard]] basic_views<Layer> descendants(const name_arg &name) const {
+        return {*this, kind::descendant, name.keep()};
     }
     /** The first element at the top of a document. */
     [[nodiscard]] std::optional<basic_view> root() const { return elements().first(); }
     /** The first child element of that name. */
-    [[nodiscard]] std::optional<basic_view> child(name_view name) const {
+    [[nodiscard]] std::optional<basic_view> child(const name_arg &name) const {
         return elements(name).first();
     }
     /** @} */
@@ -1839,7 +2161,7 @@ template <class Layer> class basic_view {
     friend class basic_views<Layer>;
 
     /// What a range goes through.
-    enum class kind { item, element, attribute };
+    enum class kind { item, element, descendant, attribute };
 
     static std::optional<std::string_view> string_of(XML_UTF8 text) noexcept {
         if (!text.bytes) return std::nullopt;
@@ -1858,25 +2180,10 @@ template <class Layer> class basic_view {
             xmlCursorParent(cursor_.get());
         return cursor_.get();
     }
-    bool down(XML_CURSOR *cursor, int (*first)(XML_CURSOR *)) const noexcept {
-        if (!first(cursor)) return false;
-        ++depth_;
-        return true;
-    }
-    /// To the next node below this one in document order; home at the end.
-    bool advance() const noexcept {
-        XML_CURSOR *const cursor = cursor_.get();
-        const bool is_element = xmlCursorType(cursor) == XML_ITEM_TYPE_ELEMENT;
-        if (is_element && down(cursor, xmlCursorFirstChild)) return true;
-        while (!xmlCursorNext(cursor)) {
-            xmlCursorParent(cursor);
-            if (--depth_ == 0) return false;
-        }
-        return true;
-    }
-    bool find_attribute(const name_view &name) const noexcept {
-        bool more = down(at_home(), xmlCursorFirstAttribute);
-        while (more && Layer::name_at(cursor_.get()) != name)
+    bool find_attribute(const name_arg &name) const noexcept {
+        bool more = xmlCursorFirstAttribute(at_home()) != 0;
+        depth_ = more ? 1 : 0;
+        while (more && !name.is(Layer::name_at(cursor_.get())))
             more = xmlCursorNext(cursor_.get()) != 0;
         return more;
     }
@@ -1891,7 +2198,6 @@ template <class Layer> class basic_view {
 template <class Layer> class basic_views {
     using view_type = basic_view<Layer>;
     using kind = typename view_type::kind;
-    using name_view = typename Layer::name_view;
 
   public:
     struct sentinel {};
@@ -1933,28 +2239,36 @@ template <class Layer> class basic_views {
   private:
     friend class basic_view<Layer>;
 
-    basic_views(const view_type &parent, kind wanted, std::optional<typename Layer::c_name> name)
+    basic_views(const view_type &parent, kind wanted,
+                std::optional<typename Layer::name_arg::kept> name)
         : current_(parent), wanted_(wanted), name_(std::move(name)) {
         const auto first =
             wanted == kind::attribute ? xmlCursorFirstAttribute : xmlCursorFirstChild;
         found_ = first(current_.cursor_.get()) != 0;
+        level_ = found_ ? 1 : 0;
         skip();
     }
     void advance() {
         current_.store_.forget();
-        found_ = xmlCursorNext(current_.at_home()) != 0;
+        current_.at_home();
+        step();
         skip();
     }
     /// To the first that is wanted from here on.
     void skip() noexcept {
         while (found_ && !is_wanted())
-            found_ = xmlCursorNext(current_.cursor_.get()) != 0;
+            step();
+    }
+    void step() noexcept {
+        XML_CURSOR *const cursor = current_.cursor_.get();
+        found_ = wanted_ == kind::descendant ? detail::next_below(cursor, level_)
+                                             : xmlCursorNext(cursor) != 0;
     }
     bool is_wanted() const noexcept {
         XML_CURSOR *const cursor = current_.cursor_.get();
-        if (wanted_ == kind::element && xmlCursorType(cursor) != XML_ITEM_TYPE_ELEMENT)
-            return false;
-        return !name_ || Layer::name_at(cursor) == name_->view();
+        const bool is_any = wanted_ == kind::item || wanted_ == kind::attribute;
+        if (!is_any && xmlCursorType(cursor) != XML_ITEM_TYPE_ELEMENT) return false;
+        return !name_ || Layer::name_at(cursor) == typename Layer::name_view(*name_);
     }
     std::optional<view_type> first() && {
         if (!found_) return std::nullopt;
@@ -1963,8 +2277,9 @@ template <class Layer> class basic_views {
 
     view_type current_;
     kind wanted_;
-    std::optional<typename Layer::c_name> name_;
+    std::optional<typename Layer::name_arg::kept> name_;
     bool found_;
+    std::int64_t level_; ///< Of a descendant, counted from the node that the range is below.
 };
 
 // ---------------------------------------------------------------- the types by name
@@ -1979,7 +2294,7 @@ using item = basic_item<detail::plain_layer>;
 using items = basic_items<detail::plain_layer>;
 using view = basic_view<detail::plain_layer>;
 using views = basic_views<detail::plain_layer>;
-using attr = basic_attr<std::string_view>;
+using attr = basic_attr<string_arg>;
 /** @} */
 
 /** The tree with namespaces: names are pairs, see qname. */
@@ -1993,7 +2308,7 @@ using item = basic_item<detail::ns_layer>;
 using items = basic_items<detail::ns_layer>;
 using view = basic_view<detail::ns_layer>;
 using views = basic_views<detail::ns_layer>;
-using attr = basic_attr<qname>;
+using attr = basic_attr<qname_arg>;
 } // namespace ns
 
 } // namespace voxml

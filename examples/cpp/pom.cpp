@@ -7,15 +7,16 @@ int main(int argc, char **argv) {
     auto pom = voxml::document::decode_file(argv[1]);
     if (!pom) return std::cerr << pom.error().to_string() << '\n', 1;
 
-    pom->edit_root([&](voxml::element &project) {
-        project.edit_child("dependencies", [&](voxml::element &dependencies) {
-            dependencies.edit_children("dependency", [&](voxml::element &dependency) {
-                auto artifact = dependency.child("artifactId");
-                if (!artifact || artifact->text().value() != argv[2]) return;
-                dependency.edit_child("version", [&](auto &v) { v.set_text(argv[3]).value(); });
+    auto changed = pom->edit_root([&](auto &project) {
+        return project.edit_child("dependencies", [&](auto &dependencies) {
+            return dependencies.edit_children("dependency", [&](auto &one) -> voxml::result<bool> {
+                auto artifact = one.child("artifactId");
+                if (!artifact || artifact->text() != argv[2]) return false;
+                return one.edit_child("version", [&](auto &v) { return v.set_text(argv[3]); });
             });
         });
     });
+    if (!changed) return std::cerr << changed.error().to_string() << '\n', 1;
     auto written = pom->encode_file(argv[1]);
     if (!written) return std::cerr << written.error().to_string() << '\n', 1;
 }

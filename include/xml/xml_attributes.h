@@ -64,7 +64,8 @@ VO_NEW voString *xmlAttributesAttributeTextTryUnescapeAt(XML_ATTRIBUTES *attrs, 
 
 /** @name Replacing by index
  *  Puts an attribute in the place of the one at `index`: the given one, or the present one with
- *  another name, another text or both. `value` is in escaped form, `vos` in plain characters. @{ */
+ *  another name, another text or both. Another attribute of the name that it then has goes, which
+ *  moves those behind that. `value` is in escaped form, `vos` in plain characters. @{ */
 VO_API void xmlAttributesSetAttributeAt(XML_ATTRIBUTES **attrs, int64_t index, XML_ATTRIBUTE *attr);
 VO_API void xmlAttributesSetAttributeNameAt(XML_ATTRIBUTES **attrs, int64_t index, voString *name);
 VO_API void xmlAttributesSetAttributeTextAt(XML_ATTRIBUTES **attrs, int64_t index, XML_TEXT *text);

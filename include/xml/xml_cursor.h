@@ -1,11 +1,11 @@
 /** @file
  *  A cursor: reads a tree of either layer without making or counting its objects.
  *
- *  A cursor stands on a node: the document, or the element, that it was made for, or an item or an
- *  attribute below it. It reads decoded, changed and hand-made trees alike. Where nobody has asked
- *  for a decoded tree's objects it reads the text that was decoded, which is several times faster
- *  than the getters, and it makes none. Of a document that came from xmlNsDocumentEncode() the
- *  first step makes all items.
+ *  A cursor stands on a node: the one that it was made for, or an item or an attribute below it.
+ *  It reads decoded, changed and hand-made trees alike. Where nobody has asked for a decoded tree's
+ *  objects it reads the text that was decoded, which is several times faster than the getters, and
+ *  it makes none. Of a document that came from xmlNsDocumentEncode() the first step makes all
+ *  items.
  *
  *      XML_CURSOR *cursor = xmlCursorCreate(doc);
  *      for (int found = xmlCursorFirstChild(cursor); found; found = xmlCursorNext(cursor))
@@ -52,16 +52,20 @@ VO_API int64_t xmlCursorCompare(XML_CURSOR *cursorA, XML_CURSOR *cursorB);
 VO_API int xmlCursorEquals(XML_CURSOR *cursorA, XML_CURSOR *cursorB);
 /** @} */
 
-/** A second cursor on the same node, which moves on its own. */
+/** A second cursor on the same node, which moves on its own. It knows the same way up, and takes
+ *  time and memory for each level of that. */
 VO_NEW XML_CURSOR *xmlCursorCreateFrom(XML_CURSOR *source);
 
 /** @name Making a cursor
- *  It stands on the document or element, which it does not leave: there it has no next node and no
+ *  It stands on the document or node, which it does not leave: there it has no next node and no
  *  parent. @{ */
 VO_NEW XML_CURSOR *xmlCursorCreate(XML_DOCUMENT *doc);
 VO_NEW XML_CURSOR *xmlCursorCreateElement(XML_ELEMENT *el);
 VO_NEW XML_CURSOR *xmlCursorCreateNs(XML_NS_DOCUMENT *doc);
 VO_NEW XML_CURSOR *xmlCursorCreateNsElement(XML_NS_ELEMENT *el);
+
+/** For the node on which `source` stands, in constant time and memory however deep that lies. */
+VO_NEW XML_CURSOR *xmlCursorCreateHere(XML_CURSOR *source);
 /** @} */
 
 /** @name Moving

@@ -14,8 +14,12 @@ VO_BEGIN_DECLS
  *
  *  The text must begin, after optional white space, with an XML declaration; the character set is
  *  the one the declaration names within the first 1024 bytes, or else that one of UTF-8, UTF-16
- *  and UTF-32 in which the declaration can be read. A document type declaration is refused.
- *  Character data is kept as it stands in the text: references are not expanded and line ends stay.
+ *  and UTF-32 in which the declaration can be read. Character data is kept as it stands in the
+ *  text: references are not expanded and line ends stay.
+ *
+ *  A document without a declaration is refused: put one, such as `<?xml version="1.0"?>`, in front
+ *  of the bytes. So is a document type declaration: cut it out, from where the error's location and
+ *  xmlDecodeErrorByteOffset() say, and references to its entities stay as they are written.
  *
  *  All of the text is checked at once. The objects of the tree are made from it when they are first
  *  asked for; until the last of them is made or dropped, the tree keeps the text, which for UTF-8

@@ -23,7 +23,8 @@ VO_NEW voString *xmlNsDecodeErrorTryHint(XML_NS_DECODE_ERROR *err, voBuffer *xml
 
 /** The offset in `xml`, in bytes from 0, of what the error is about: of its location, or of the
  *  first bytes that are ill-formed, where the error is about those and the text is meant to be
- *  UTF-8. -1 where that is not known. */
+ *  UTF-8. -1 where that is not known, as in character sets in which the meaning of bytes depends on
+ *  those before, such as ISO-2022-JP. */
 VO_API int64_t xmlDecodeErrorByteOffset(XML_DECODE_ERROR *err, voBuffer *xml);
 VO_API int64_t xmlNsDecodeErrorByteOffset(XML_NS_DECODE_ERROR *err, voBuffer *xml);
 /** @} */

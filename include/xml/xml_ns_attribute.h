@@ -25,7 +25,8 @@ VO_NEW XML_NS_ATTRIBUTE *xmlNsAttributeCreateFrom(XML_NS_ATTRIBUTE *source);
 /** @name Construction
  *  `localName` must satisfy xmlNsValueLocalNameOk() and `optionalNs`, unless null,
  *  xmlNsValueNamespaceOk(). The text is empty, the given object itself, or made as
- *  xmlTextCreateValue() and xmlTextCreateEscape() make it. @{ */
+ *  xmlTextCreateValue() and xmlTextCreateEscape() make it. One called "xmlns" and without a
+ *  namespace is possible, but written it is a declaration. @{ */
 VO_NEW XML_NS_ATTRIBUTE *xmlNsAttributeCreate(voString *localName, voString *optionalNs);
 VO_NEW XML_NS_ATTRIBUTE *xmlNsAttributeCreateText(voString *localName, voString *optionalNs,
                                                   XML_TEXT *text);

@@ -68,7 +68,8 @@ VO_NEW voString *xmlNsAttributesAttributeTextTryUnescapeAt(XML_NS_ATTRIBUTES *at
 
 /** @name Replacing by index
  *  Puts an attribute in the place of the one at `index`: the given one, or the present one with
- *  another name, another text or both. `value` is in escaped form, `vos` in plain characters. @{ */
+ *  another name, another text or both. Another attribute of the name that it then has goes, which
+ *  moves those behind that. `value` is in escaped form, `vos` in plain characters. @{ */
 VO_API void xmlNsAttributesSetAttributeAt(XML_NS_ATTRIBUTES **attrs, int64_t index,
                                           XML_NS_ATTRIBUTE *attr);
 VO_API void xmlNsAttributesSetAttributeNameAt(XML_NS_ATTRIBUTES **attrs, int64_t index,

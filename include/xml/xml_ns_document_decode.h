@@ -16,6 +16,10 @@ VO_BEGIN_DECLS
  *  only the later one is kept. All else, character data, attribute values and locations, is shared
  *  with `doc`, which does not change.
  *
+ *  An element that goes from one document to another keeps its names, and leaves the declarations
+ *  around it behind: prefixes are found anew when it is written, and prefixes in its texts and
+ *  values mean what its new place declares.
+ *
  *  The prefix "xml" stands for its reserved namespace whatever the document declares. A prefix
  *  declared with an empty value stands for no namespace.
  *

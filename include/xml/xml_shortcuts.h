@@ -40,10 +40,15 @@ VO_NEW XML_NS_ELEMENT *xmlNsElementChild(XML_NS_ELEMENT *el, const char *localNa
 /** The index, among the items of `el`, of the first child element of that name at or after `from`;
  *  -1 when there is none. `from` may lie at or behind the end, where nothing is found; a negative
  *  one aborts. So all children of a name are found one after another in time in proportion to the
- *  number of items. */
+ *  number of items. The functions that end in Utf8 take the names' lengths in bytes, so that a name
+ *  may hold NULs; -1 stands for up to one. */
 VO_API int64_t xmlElementFindChild(XML_ELEMENT *el, int64_t from, const char *name);
 VO_API int64_t xmlNsElementFindChild(XML_NS_ELEMENT *el, int64_t from, const char *localName,
                                      const char *optionalNs);
+VO_API int64_t xmlElementFindChildUtf8(XML_ELEMENT *el, int64_t from, const char *name,
+                                       int64_t length);
+VO_API int64_t xmlNsElementFindChildUtf8(XML_NS_ELEMENT *el, int64_t from, const char *localName,
+                                         int64_t length, const char *optionalNs, int64_t nsLength);
 /** @} */
 
 /** @name Text content

@@ -101,13 +101,13 @@ class Errors(ToolTest):
 
     def test_the_hint_names_the_attribute_at_fault(self):
         rows = [
-            ("<a b='1' c='2' b='3'/>", "attribute 'b' is given twice"),
+            ("<a b='1' c='2' b='3'/>", "attribute 'b' is given twice, again in line 2, column 16"),
             ("<a b/>", "attribute 'b' has no value"),
             ("<a b = 1/>", "the value of attribute 'b' must stand in quotes"),
             ("<a \u00e9='1' \u00fc='2/>", "the value of attribute '\u00fc' has no closing quote"),
             ("<a b='x<y'/>",
              "write &lt; for \"<\" in the value of attribute 'b', or close its quote"),
-            ("<a b='x&y'/>", "write &amp; for \"&\" in the value of attribute 'b'"),
+            ("<a b='x & y'/>", "write &amp; for \"&\" in the value of attribute 'b'"),
         ]
         for document, hint in rows:
             with self.subTest(document):
@@ -118,7 +118,7 @@ class Errors(ToolTest):
             ("version='2.0'", 'the version is "1." and digits, such as "1.0"'),
             ("encoding='UTF-8'", 'the declaration must have a version, such as version="1.0"'),
             ("version='1.0' standalone='1'", 'the value of standalone is "yes" or "no"'),
-            ("version='1.0' version='1.0'", "attribute 'version' is given twice"),
+            ("version='1.0' version='1.0'", "attribute 'version' is given twice, again in line 1, column 21"),
             ("version='1.0' &", 'the declaration must end in "?>"'),
         ]
         for attributes, hint in rows:

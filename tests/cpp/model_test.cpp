@@ -3,7 +3,6 @@
 #include "tests/cpp/layers.hpp"
 
 #include <algorithm>
-#include <map>
 #include <random>
 
 using namespace test;
@@ -11,7 +10,7 @@ using namespace test;
 namespace {
 
 struct Model {
-    std::map<std::string, std::string> attributes;
+    std::vector<std::pair<std::string, std::string>> attributes;
     std::vector<Model> children;
     std::string text; ///< In front of the children.
 
@@ -24,6 +23,19 @@ struct Model {
         for (const Model &child : children)
             out += child.xml();
         return out + "</e>";
+    }
+    auto find(const std::string &name) {
+        return std::ranges::find(attributes, name, &std::pair<std::string, std::string>::first);
+    }
+    bool has(const std::string &name) { return find(name) != attributes.end(); }
+    void erase(const std::string &name) {
+        if (has(name)) attributes.erase(find(name));
+    }
+    void setAll(const std::string &name, const std::string &value) {
+        if (!has(name)) attributes.push_back({name, ""});
+        find(name)->second = value;
+        for (Model &child : children)
+            child.setAll(name, value);
     }
     size_t weight() const {
         size_t sum = 1;
@@ -60,10 +72,10 @@ template <class Layer> class RandomEdits {
             return;
         }
         const std::string name(1, static_cast<char>('a' + random() % 4));
-        switch (random() % 5) {
+        switch (random() % 7) {
         case 0:
             el.remove_attribute(name);
-            model.attributes.erase(name);
+            model.erase(name);
             break;
         case 1:
             el.clear();
@@ -75,6 +87,23 @@ template <class Layer> class RandomEdits {
             el.erase(index);
             model.children.erase(model.children.begin() + static_cast<long>(child));
             break;
+        case 3: {
+            const std::string value = std::to_string(random() % 100);
+            const auto all = el.edit_all([&](element &e) { return e.set_attribute(name, value); });
+            EXPECT_EQ(static_cast<size_t>(all.value()), model.weight());
+            model.setAll(name, value);
+            break;
+        }
+        case 4: {
+            const auto erased = el.erase_if([&](const typename Layer::item &item) {
+                const auto each = item.element();
+                return each && each->has_attribute(name);
+            });
+            const auto unwanted =
+                std::erase_if(model.children, [&](Model &each) { return each.has(name); });
+            EXPECT_EQ(static_cast<size_t>(erased), unwanted);
+            break;
+        }
         default:
             grow(el, model);
         }

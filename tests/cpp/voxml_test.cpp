@@ -41,7 +41,7 @@ TYPED_TEST(Values, share_until_one_of_them_changes) {
         EXPECT_EQ(
             root.edit_children("b", [](auto &b) { return b.set_attribute("x", "2"); }).value(), 2);
         EXPECT_FALSE(root.edit_child("c", [](auto &) { ADD_FAILURE(); }));
-        EXPECT_FALSE(root.edit_child(std::string_view("b\0", 2), [](auto &) { ADD_FAILURE(); }));
+        EXPECT_FALSE(root.edit_child(std::string("b\0", 2), [](auto &) { ADD_FAILURE(); }));
     });
     EXPECT_EQ(xml(doc), "<a><b x=\"2\"/><b x=\"2\"/></a>");
     EXPECT_EQ(xml(before), "<a><b x=\"1\"/><b/></a>");
@@ -56,6 +56,79 @@ TYPED_TEST(Values, are_put_back_when_an_edit_fails_or_throws) {
     EXPECT_EQ(refused.error().code(), errc::bad_name);
     EXPECT_THROW(doc.edit_root([](auto &root) { root.edit_at(0, [](auto &) { throw 1; }); }), int);
     EXPECT_EQ(xml(doc), "<a><b/></a>");
+}
+
+TYPED_TEST(Values, count_the_edits_that_did_what_they_were_called_for) {
+    auto doc = decoded<TypeParam>("<a><b><c/></b><b/>t<b><c/><c/></b></a>");
+    const auto add = [](auto &c) { return c.append("1"); };
+    doc.edit_root([&](auto &root) {
+        EXPECT_EQ(root.edit_children("b", [&](auto &b) { return b.edit_child("c", add); }).value(),
+                  2);
+        EXPECT_EQ(root.edit_children("b", [](auto &b) { return b.size(); }), 2);
+        EXPECT_EQ(root.edit_all([](auto &each) { return each.set_text("?").value(), each.name(); }),
+                  1);
+    });
+    EXPECT_EQ(xml(doc), "<a>?</a>");
+}
+
+TYPED_TEST(Values, are_changed_at_any_depth_in_document_order) {
+    auto doc = decoded<TypeParam>("<a><b><c/>t</b><d><e><f/></e></d></a>");
+    const auto before = doc;
+    std::string order;
+    const auto rename = [&](auto &el) -> voxml::result<void> {
+        order += el.name() == "e" ? "!" : "";
+        if (el.name() == "f") return el.set_name("-");
+        return el.set_name(std::string(1, static_cast<char>('A' + order.size() / 2)) + "1");
+    };
+    EXPECT_EQ(doc.edit_all(rename).error().code(), errc::bad_name);
+    EXPECT_EQ(xml(doc), "<A1><A1><A1/>t</A1><A1><A1><f/></A1></A1></A1>");
+    EXPECT_EQ(order, "!");
+    EXPECT_EQ(xml(before), "<a><b><c/>t</b><d><e><f/></e></d></a>");
+    EXPECT_THROW(doc.edit_all([](auto &el) {
+        if (el.name() == "f") throw 1;
+    }),
+                 int);
+    EXPECT_EQ(doc.edit_all([](auto &el) { return el.name() == "A1"; }), 5);
+    EXPECT_EQ(typename TypeParam::document().edit_all([](auto &) { ADD_FAILURE(); }), 0);
+
+    auto root = *doc.root();
+    doc = typename TypeParam::document();
+    auto taken = root.take_at(1).value();
+    EXPECT_FALSE(root.take_at(1));
+    taken.set_name("g").value();
+    root.set(1, taken);
+    EXPECT_EQ(xml(root), "<A1><A1><A1/>t</A1><g><A1><f/></A1></g></A1>");
+}
+
+TYPED_TEST(Values, have_attributes_that_are_renamed_in_their_place) {
+    auto root = *decoded<TypeParam>("<a x='1' y='2' z='3'/>").root();
+    auto attributes = root.attributes();
+    auto renamed = attributes[1];
+    renamed.set_name("z").value();
+    attributes.set(1, renamed);
+    root.set_attributes(attributes);
+    EXPECT_EQ(xml(root), "<a x=\"1\" z=\"2\"/>");
+    EXPECT_EQ(renamed.set_name("-").error().code(), errc::bad_name);
+}
+
+TYPED_TEST(Values, take_their_own_strings_as_parameters) {
+    using element = typename TypeParam::element;
+    using attr = typename TypeParam::attr;
+    const auto from = decoded<TypeParam>("<l\u00E9 x='&lt;'>&amp;</l\u00E9>");
+    const auto root = *from.root();
+    const voxml::string value = *root.attribute("x");
+    auto to = element::make("a", element::make(root.name(), attr{value.empty() ? "y" : "x", value},
+                                               *root.text()))
+                  .value();
+    EXPECT_EQ(xml(to), "<a>" + xml(root) + "</a>");
+    EXPECT_EQ(*to.child(root.name())->attribute("x"), value);
+    EXPECT_EQ(to.view().child(root.name())->attribute("x"), "<");
+    EXPECT_TRUE(to.child(root.name())->name() == root.name() && to.name() != root.name());
+    EXPECT_EQ(to.edit_child(root.name(), [](auto &) {}), true);
+    size_t found = 0;
+    for ([[maybe_unused]] const auto &each : to.elements(root.name()))
+        ++found;
+    EXPECT_EQ(found, 1u);
 }
 
 TYPED_TEST(Values, lose_nothing_when_edits_meet) {
@@ -148,6 +221,11 @@ TEST(Namespaces, give_names_as_pairs) {
     EXPECT_EQ(doc.plain().resolve()->root()->size(), 1);
     EXPECT_EQ(voxml::ns::element::make({"http://www.w3.org/2000/xmlns/", "a"}).error().code(),
               errc::bad_namespace);
+    EXPECT_EQ(voxml::ns::element::make("a", voxml::attr{"xmlns", "u"}).error().code(),
+              errc::bad_name);
+    const voxml::qname odd(std::string_view("u\0v", 3), "a");
+    EXPECT_EQ(xml(*voxml::ns::element::make("b", voxml::ns::element::make(odd))->child(odd)),
+              xml(voxml::ns::element::make(odd).value()));
 }
 
 TEST(Strings, compare_print_and_hash_as_their_text) {
@@ -183,6 +261,44 @@ TEST(Views, keep_their_strings_and_do_not_disturb_each_other) {
     EXPECT_EQ(std::string(x) + std::string(y), "<>");
 }
 
+TYPED_TEST(Values, are_seen_at_any_depth_through_views) {
+    const auto doc = decoded<TypeParam>("<a><b><c/>t<a><c/></a></b><c><!--c--></c></a><c/>");
+    const auto names = [](auto range) {
+        std::string all;
+        for (const auto &each : range) {
+            const auto copy = each;
+            all +=
+                typename TypeParam::element::name_arg(copy.name()).keep() == copy.name() ? "" : "?";
+            all += each.text() == "t" ? "b" : each.name() == "a" ? "a" : "c";
+            for ([[maybe_unused]] const auto &below : copy.descendants())
+                all += ".";
+        }
+        return all;
+    };
+    EXPECT_EQ(names(doc.view().descendants()), "b.....b...ca.ccc");
+    EXPECT_EQ(names(doc.view().root()->descendants()), "b...ca.cc");
+    EXPECT_EQ(names(doc.view().descendants("c")), "cccc");
+    EXPECT_EQ(names(doc.view().root()->child("c")->descendants()), "");
+}
+
+TEST(Views, stay_small_however_deep_linear) {
+    const auto seconds = [](size_t depth) {
+        std::string text = declaration;
+        for (size_t i = 0; i < depth; ++i)
+            text += "<a>";
+        for (size_t i = 0; i < depth; ++i)
+            text += "</a>";
+        const auto doc = voxml::document::decode(text).value();
+        const double start = threadSeconds();
+        std::vector<voxml::view> way{doc.view()};
+        while (auto child = way.back().child("a"))
+            way.push_back(*child);
+        EXPECT_EQ(way.size(), depth + 1);
+        return threadSeconds() - start;
+    };
+    EXPECT_LT(seconds(20000), seconds(2000) * test::tenfold);
+}
+
 struct Refusal {
     std::string text;
     errc code;
@@ -193,6 +309,7 @@ TEST(Failures, say_what_is_wrong_and_where) {
     for (const Refusal &row : {Refusal{"\n<a>\n</b>", errc::tag_mismatch, 3, 1, 43},
                                Refusal{"<a x='\u20AC'>&</a>", errc::text, 1, 48, 49},
                                Refusal{"<!DOCTYPE a>", errc::doctype, 1, 39, 38},
+                               Refusal{"\r\n<\u20AC>\xFF", errc::charset, 2, 4, 45},
                                Refusal{"<p:a/>", errc::namespace_prefix_unknown, 1, 39, 38}}) {
         const auto refused = voxml::ns::document::decode(declaration + row.text, {.source = "f"});
         ASSERT_FALSE(refused) << row.text;
@@ -207,6 +324,9 @@ TEST(Failures, say_what_is_wrong_and_where) {
     const auto mismatch = voxml::document::decode(declaration + "<a></b>").error();
     EXPECT_NE(mismatch.hint().find("<a>"), std::string::npos) << mismatch.hint();
     EXPECT_DEATH((void)voxml::element::make("-").value(), "not a name");
+    EXPECT_DEATH((void)voxml::element::make("a").error(), "result that has a value");
+    EXPECT_DEATH((void)voxml::result<void>().error(), "result without a failure");
+    EXPECT_FALSE(voxml::document::decode("").error().where());
 }
 
 TEST(Files, are_read_and_written_whole_or_not_at_all) {
@@ -215,7 +335,11 @@ TEST(Files, are_read_and_written_whole_or_not_at_all) {
     ASSERT_TRUE(doc.encode_file(path));
     EXPECT_EQ(xml(voxml::document::decode_file(path).value()), xml(doc));
     doc.set_charset(VO_CHARSET_US_ASCII);
-    EXPECT_EQ(doc.encode_file(path).error().code(), errc::charset_too_small);
+    const auto unwritten = doc.encode_file(path).error();
+    EXPECT_EQ(unwritten.code(), errc::charset_too_small);
+    EXPECT_EQ(unwritten.to_string(),
+              path + ": error: US-ASCII lacks a character of the text: U+00E9");
+    EXPECT_EQ(doc.root()->encode(VO_CHARSET_US_ASCII).error().message(), unwritten.message());
     EXPECT_TRUE(voxml::document::decode_file(path));
     std::remove(path.c_str());
     const auto missing = voxml::document::decode_file(path).error();
@@ -223,6 +347,10 @@ TEST(Files, are_read_and_written_whole_or_not_at_all) {
     EXPECT_EQ(missing.system_error(), ENOENT);
     EXPECT_EQ(voxml::document().encode_file(path + "/x").error().code(), errc::file);
     EXPECT_FALSE(std::ifstream(path));
+    const std::string odd = path + "\xFF";
+    std::ofstream(odd) << "<";
+    EXPECT_EQ(voxml::document::decode_file(odd).error().to_string().find(path), 0u);
+    std::remove(odd.c_str());
 }
 
 TEST(Threads, derive_trees_from_one_and_read_it) {

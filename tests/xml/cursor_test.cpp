@@ -230,8 +230,8 @@ template <class Layer> class Follower {
     bool toFirstAttribute() {
         return moved(xmlCursorFirstAttribute(cursor), here().firstAttribute);
     }
-    bool toNext() { return moved(xmlCursorNext(cursor), here().next); }
-    bool toParent() { return moved(xmlCursorParent(cursor), here().parent); }
+    bool toNext() { return moved(xmlCursorNext(cursor), at == origin ? -1 : here().next); }
+    bool toParent() { return moved(xmlCursorParent(cursor), at == origin ? -1 : here().parent); }
 
     /// Visits all nodes below in document order and comes back.
     void walk(const std::function<void()> &between = [] {}) {
@@ -256,7 +256,10 @@ template <class Layer> class Follower {
         Random &random, int64_t steps, const std::function<void()> &between = [] {}) {
         for (; steps > 0 && !testing::Test::HasFatalFailure(); --steps) {
             between();
-            switch (below(random, 7)) {
+            switch (below(random, 8)) {
+            case 7:
+                begunHere().stroll(random, below(random, 8), between);
+                break;
             case 0:
                 toParent();
                 break;
@@ -274,14 +277,17 @@ template <class Layer> class Follower {
     }
 
     Follower copied() const {
-        Follower copy(Ref(xmlCursorCreateFrom(cursor)), *model, at);
-        copy.check();
-        return copy;
+        return Follower(Ref(xmlCursorCreateFrom(cursor)), *model, at, origin);
+    }
+    Follower begunHere() const {
+        return Follower(Ref(xmlCursorCreateHere(cursor)), *model, at, at);
     }
 
   private:
-    Follower(Ref<XML_CURSOR> made, const Model<Layer> &expected, int64_t place)
-        : cursor(std::move(made)), model(&expected), at(place) {}
+    Follower(Ref<XML_CURSOR> made, const Model<Layer> &expected, int64_t place, int64_t start)
+        : cursor(std::move(made)), model(&expected), at(place), origin(start) {
+        check();
+    }
 
     const typename Model<Layer>::Node &here() const { return model->nodes[size_t(at)]; }
 
@@ -299,7 +305,7 @@ template <class Layer> class Follower {
 
     Ref<XML_CURSOR> cursor;
     const Model<Layer> *model;
-    int64_t at = 0;
+    int64_t at = 0, origin = 0;
 };
 
 // ---------------------------------------------------------------- trees
@@ -578,6 +584,8 @@ TYPED_TEST(Cursor, NeedsNoStackForAMillionLevels) {
                 ++levels;
             EXPECT_EQ(levels, depth);
             Ref up(xmlCursorCreateFrom(down));
+            down = Ref(xmlCursorCreateHere(down));
+            EXPECT_FALSE(xmlCursorParent(down));
             down = {};
             while (xmlCursorParent(up))
                 --levels;
@@ -632,6 +640,7 @@ TEST(CursorFunctions, MisuseAborts) {
     EXPECT_ABORT((void)Ref(xmlCursorCreate(nullptr)), file, "doc");
     EXPECT_ABORT((void)Ref(xmlCursorCreateNsElement(nullptr)), file, "el");
     EXPECT_ABORT((void)Ref(xmlCursorCreateFrom(nullptr)), file, "source");
+    EXPECT_ABORT((void)Ref(xmlCursorCreateHere(nullptr)), file, "source");
     EXPECT_ABORT(xmlCursorNext(nullptr), file, "cursor");
 }
 

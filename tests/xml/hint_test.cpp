@@ -70,6 +70,36 @@ TEST(Hint, BothLayersAndErrorsWithoutALocationHaveOne) {
     EXPECT_EQ(refusal.byteOffset, -1);
 }
 
+TEST(Hint, SaysWhatIsWrongAndNotSomethingElse) {
+    const struct {
+        std::string text, hint;
+    } rows[] = {
+        {"<a b='&#0;'/>",
+         "the reference \"&#0;\" in the value of attribute 'b' stands for no character"},
+        {"<a b='&#x110000;'/>",
+         "the reference \"&#x110000;\" in the value of attribute 'b' stands for no character"},
+        {"<a b='x&#X4a'/>", "end the reference \"&#X4a\" in the value of attribute 'b' with \";\""},
+        {"<a b='&lt;&lt'/>", "write &amp; for \"&\" in the value of attribute 'b', or end the "
+                             "reference with \";\""},
+        {"<a b='&#x;'/>", "write &amp; for \"&\" in the value of attribute 'b'"},
+        {"<a b='1'\n c='2'\n b='3'/>", "attribute 'b' is given twice, again in line 3, column 2"},
+        {"<a>x < y</a>",
+         "the tag 'y' cannot hold \"<\" here; write &lt; where \"<\" does not begin a tag"},
+        {"<a>x < y > z</a>", "the open element is <y> of line 1, column 27; write &lt; where \"<\" "
+                             "does not begin a tag"},
+        {"< a>", "<a> has no end tag; write &lt; where \"<\" does not begin a tag"},
+        {"<a>&lt</a>", "write &amp; for \"&\", or end the reference with \";\""},
+        {"<xmlns:a/>", "the prefix xmlns is for declarations; no element has it"},
+    };
+    for (const auto &row : rows)
+        EXPECT_EQ(refusalOf(test::buffer("<?xml version='1.0'?>" + row.text)).hint, row.hint);
+    EXPECT_EQ(refusalOf(test::buffer("<?XML version='1.0'?><a/>")).hint,
+              "write \"<?xml\" for \"<?XML\"");
+    EXPECT_EQ(refusalOf(test::buffer("<?xml-stylesheet?><a/>")).hint,
+              "a document begins with an XML declaration: "
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
+}
+
 TEST(Hint, QuotesTheInputAsItStands) {
     const Refusal refusal = refusalOf(test::buffer("<?xml version='1.0'?><a \x1B/>"));
     EXPECT_EQ(refusal.hint, "the tag 'a' cannot hold \"\x1B\" here");

@@ -13,10 +13,10 @@ namespace {
 /// A place in a tree of either layer.
 ///
 /// A node is an object or, as long as it is not made, a record of an outline. Below a record there
-/// are only records of the same outline, so the way down from the origin leads through lists of
-/// objects first, and then through the records of one outline. The origin keeps those objects
-/// alive. The outline is kept by the cursor itself, since another thread may make objects of its
-/// records at any time, whereupon the tree may release it.
+/// are only records of the same outline, so the way down from the origin, which may be a record
+/// itself, leads through lists of objects first, and then through the records of one outline. The
+/// origin keeps those objects alive. The outline is kept by the cursor itself, since another thread
+/// may make objects of its records at any time, whereupon the tree may release it.
 class Cursor {
   public:
     template <class Layer> Cursor(Layer, voObj *start, XML_ITEM_TYPE startType)
@@ -28,6 +28,15 @@ class Cursor {
         : object(other.object), kind(other.kind), records(other.records), lists(other.lists),
           namespaced(other.namespaced), originType(other.originType),
           origin(vo::retained<voObj>(other.origin)), outline(other.outline) {}
+
+    /// What makes a cursor for the node on which another one stands.
+    struct Here {
+        const Cursor &other;
+    };
+    explicit Cursor(Here here)
+        : object(here.other.object), kind(here.other.kind), records(here.other.records.alone()),
+          namespaced(here.other.namespaced), originType(here.other.type()),
+          origin(vo::retained<voObj>(object)), outline(here.other.outline) {}
 
     Cursor &operator=(const Cursor &) = delete;
     ~Cursor() = default;
@@ -125,8 +134,8 @@ class Cursor {
     vo::Vec<List> lists;  ///< The part before it, which leads through objects.
 
     const bool namespaced;
-    const XML_ITEM_TYPE originType; ///< Document or element.
-    const vo::Ref<voObj> origin;
+    const XML_ITEM_TYPE originType;
+    const vo::Ref<voObj> origin; ///< Null for a record, which the outline keeps.
     KeptOutline outline;
 
     StringText nameText, nsText, valueText;
@@ -282,6 +291,10 @@ template <class... Arguments> XML_CURSOR *create(Arguments &&...arguments) {
 } // namespace
 
 XML_CURSOR *xmlCursorCreateFrom(XML_CURSOR *source) { return create(VO_READ(source)->at); }
+
+XML_CURSOR *xmlCursorCreateHere(XML_CURSOR *source) {
+    return create(xml::Cursor::Here{VO_READ(source)->at});
+}
 
 XML_CURSOR *xmlCursorCreate(XML_DOCUMENT *doc) {
     VO_ASSERT(doc);

@@ -19,6 +19,18 @@ class RecordCursor {
     void read(const Outline *plain) { read(plain, nullptr); }
     void read(const NsOutline *namespaced) { read(namespaced->outline, namespaced); }
 
+    /// The same place, where the current record is the one that it began on.
+    RecordCursor alone() const {
+        RecordCursor begun;
+        begun.records = records;
+        begun.names = names;
+        begun.number = number;
+        begun.kind = kind;
+        begun.behind = behind;
+        begun.startsAtRecord = true;
+        return begun;
+    }
+
     /// Begins on a record whose item is an object.
     void startAt(uint64_t record) {
         startsAtRecord = true;

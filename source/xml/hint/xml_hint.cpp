@@ -43,6 +43,13 @@ Text brief(std::string_view name) {
 Text quoted(std::string_view name) { return "'" + brief(name) + "'"; }
 Text tag(std::string_view name) { return "<" + brief(name) + ">"; }
 
+Text lowered(std::string_view ascii) {
+    Text lower(ascii);
+    for (char &ch : lower)
+        if (ch >= 'A' && ch <= 'Z') ch = char(ch - 'A' + 'a');
+    return lower;
+}
+
 Text lineAndColumn(int64_t line, int64_t column) {
     return "line " + number(line) + ", column " + number(column);
 }
@@ -65,6 +72,9 @@ Text missingDeclaration(voBuffer *input) {
     const std::string_view head(reinterpret_cast<const char *>(voBufferBacking(utf8)),
                                 size_t(voBufferLength(utf8)));
     const size_t start = skipSpace(head, 0);
+    const std::string_view target = beginsWith(head, start, "<?") ? nameAt(head, start + 2) : "";
+    if (target != "xml" && lowered(target) == "xml")
+        return "write \"<?xml\" for \"<?" + Text(target) + "\"";
     if (contains(head, start, "<?xml "))
         return "the XML declaration must come first; remove what stands before it";
     constexpr int64_t openingSize = 6; // "<?xml "
@@ -135,12 +145,33 @@ struct Site {
     size_t at;
 };
 
-Text faultHint(const AttributeScan &scan) {
+Text lineAndColumn(const Site &site, const char *at) {
+    const Piece text = site.refused.input.text;
+    Ref options(xmlOptionsCreate());
+    Locator locator(text.begin, text.end, xmlOptionsDecodeNlfFlags(options), nullptr);
+    const vo::Place place = locator.placeOf(reinterpret_cast<const uint8_t *>(at));
+    return lineAndColumn(place.line, place.column);
+}
+
+/// `&` begins no reference. `where` says in which value.
+Text referenceHint(std::string_view text, size_t at, const Text &where) {
+    const std::string_view number = charRefAt(text, at);
+    if (number.ends_with(';'))
+        return "the reference \"" + brief(number) + "\"" + where + " stands for no character";
+    if (!number.empty())
+        return "end the reference \"" + brief(number) + "\"" + where + " with \";\"";
+    const Text hint = "write &amp; for \"&\"" + where;
+    return nameAt(text, at + 1).empty() ? hint : hint + ", or end the reference with \";\"";
+}
+
+Text faultHint(const Site &site, const AttributeScan &scan) {
     if (scan.fault == AttributeFault::none) return {};
-    const Text name = quoted(scan.attributes.back().name);
+    const auto &[label, value] = scan.attributes.back();
+    const Text name = quoted(label);
     switch (scan.fault) {
     case AttributeFault::duplicate:
-        return "attribute " + name + " is given twice";
+        return "attribute " + name + " is given twice, again in " +
+               lineAndColumn(site, label.data());
     case AttributeFault::noEquals:
         return "attribute " + name + " has no value";
     case AttributeFault::noQuote:
@@ -150,7 +181,7 @@ Text faultHint(const AttributeScan &scan) {
     case AttributeFault::lessThan:
         return "write &lt; for \"<\" in the value of attribute " + name + ", or close its quote";
     default:
-        return "write &amp; for \"&\" in the value of attribute " + name;
+        return referenceHint(value, badReferenceIn(value), " in the value of attribute " + name);
     }
 }
 
@@ -163,7 +194,7 @@ bool isVersion(std::string_view value) {
 Text declarationHint(const Site &site) {
     constexpr std::string_view opening = "<?xml";
     const AttributeScan scan = scanAttributes(site.text, skipSpace(site.text, 0) + opening.size());
-    if (scan.fault != AttributeFault::none) return faultHint(scan);
+    if (scan.fault != AttributeFault::none) return faultHint(site, scan);
     bool hasVersion = false;
     for (const auto &[name, value] : scan.attributes) {
         hasVersion |= name == "version";
@@ -185,19 +216,28 @@ size_t behind(const Site &site, std::string_view part) {
     return size_t(part.data() - site.text.data()) + part.size();
 }
 
+constexpr const char *noTag = "write &lt; where \"<\" does not begin a tag";
+
+/// White space may follow the `<` of a tag, but hardly ever does.
+Text perhapsNoTag(std::string_view text, size_t at) {
+    const bool isLikely = at + 1 < text.size() && isSpace(static_cast<unsigned char>(text[at + 1]));
+    return isLikely ? Text("; ") + noTag : Text();
+}
+
 Text tagHint(const Site &site) {
     if (beginsWith(site.text, site.at, "<!"))
         return "after \"<!\" only a comment or a CDATA section can follow";
     const bool isEnd = beginsWith(site.text, site.at, "</");
     const std::string_view name = tagNameAt(site.text, site.at + isEnd);
-    if (name.empty()) return "write &lt; where \"<\" does not begin a tag";
+    if (name.empty()) return noTag;
     size_t end = behind(site, name);
     end = isEnd ? skipSpace(site.text, end) : scanAttributes(site.text, end).end;
     if (!isEnd && beginsWith(site.text, end, "/")) end = skipSpace(site.text, end + 1);
     const Text subject = "the tag " + quoted(name);
     const std::string_view next = charAt(site.text, end);
-    if (next.empty()) return subject + " does not end in \">\"";
-    return subject + " cannot hold \"" + Text(next) + "\" here";
+    const Text fault =
+        next.empty() ? Text(" does not end in \">\"") : " cannot hold \"" + Text(next) + "\" here";
+    return subject + fault + perhapsNoTag(site.text, site.at);
 }
 
 /// The `<` of the element that is open just before the site, found by decoding up to there; null
@@ -214,15 +254,14 @@ Text mismatchHint(const Site &site) {
     const Piece text = site.refused.input.text;
     const uint8_t *open = openElement(site);
     if (!open) return "no element is open here";
-    Ref options(xmlOptionsCreate());
-    Locator locator(text.begin, text.end, xmlOptionsDecodeNlfFlags(options), nullptr);
-    const vo::Place place = locator.placeOf(open);
-    return "the open element is " + tag(tagNameAt(site.text, size_t(open - text.begin))) + " of " +
-           lineAndColumn(place.line, place.column);
+    const auto at = size_t(open - text.begin);
+    return "the open element is " + tag(tagNameAt(site.text, at)) + " of " +
+           lineAndColumn(site, site.text.data() + at) + perhapsNoTag(site.text, at);
 }
 
 Text notClosedHint(const Site &site) {
-    return tag(tagNameAt(site.text, site.at)) + " has no end tag";
+    return tag(tagNameAt(site.text, site.at)) + " has no end tag" +
+           perhapsNoTag(site.text, site.at);
 }
 
 Text instructionHint(const Site &site) {
@@ -238,15 +277,13 @@ Text commentHint(const Site &site) {
 Text cdataHint(const Site &) { return "the section does not end in \"]]>\""; }
 
 Text attributesHint(const Site &site) {
-    return faultHint(scanAttributes(site.text, behind(site, tagNameAt(site.text, site.at))));
+    return faultHint(site, scanAttributes(site.text, behind(site, tagNameAt(site.text, site.at))));
 }
 
 Text textHint(const Site &site) {
     if (beginsWith(site.text, site.at, "&#"))
         return "character references are for attribute values; write the character itself";
-    if (!nameAt(site.text, site.at + 1).empty())
-        return "write &amp; for \"&\", or end the reference with \";\"";
-    return "write &amp; for \"&\"";
+    return referenceHint(site.text, site.at, {});
 }
 
 // ---------------------------------------------------------------- namespaces
@@ -266,9 +303,9 @@ Text prefixHint(const Site &site) {
 }
 
 Text unknownPrefixHint(const Site &site) {
-    const std::string_view name = nameAtFault(site);
-    return "declare the prefix with xmlns:" + brief(name.substr(0, name.find(':'))) +
-           "=\"...\" here or further out";
+    const std::string_view name = nameAtFault(site), prefix = name.substr(0, name.find(':'));
+    if (prefix == "xmlns") return "the prefix xmlns is for declarations; no element has it";
+    return "declare the prefix with xmlns:" + brief(prefix) + "=\"...\" here or further out";
 }
 
 Text localNameHint(const Site &site) {

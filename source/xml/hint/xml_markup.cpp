@@ -19,11 +19,8 @@ Piece pieceFrom(std::string_view text, size_t at) {
 
 AttributeFault faultOf(std::string_view value) {
     if (contains(value, 0, "<")) return AttributeFault::lessThan;
-    for (size_t at = 0; (at = value.find('&', at)) != value.npos; ++at) {
-        const Piece rest = pieceFrom(value, at);
-        if (skipReference(rest.begin, rest.end) == rest.begin) return AttributeFault::badReference;
-    }
-    return AttributeFault::none;
+    return badReferenceIn(value) == value.npos ? AttributeFault::none
+                                               : AttributeFault::badReference;
 }
 
 /// Reads one attribute behind its name.
@@ -70,6 +67,25 @@ std::string_view nameAt(std::string_view text, size_t at) {
 
 std::string_view tagNameAt(std::string_view text, size_t at) {
     return nameAt(text, skipSpace(text, at + 1));
+}
+
+std::string_view charRefAt(std::string_view text, size_t at) {
+    if (!beginsWith(text, at, "&#")) return {};
+    const bool isHex = beginsWith(text, at + 2, "x") || beginsWith(text, at + 2, "X");
+    const size_t first = at + (isHex ? 3 : 2);
+    const std::string_view digits = isHex ? "0123456789abcdefABCDEF" : "0123456789";
+    const size_t end = std::min(text.find_first_not_of(digits, first), text.size());
+    if (end <= first) return {};
+    return text.substr(at, end - at + beginsWith(text, end, ";"));
+}
+
+size_t badReferenceIn(std::string_view value) {
+    size_t at = 0;
+    for (; (at = value.find('&', at)) != value.npos; ++at) {
+        const Piece rest = pieceFrom(value, at);
+        if (skipReference(rest.begin, rest.end) == rest.begin) break;
+    }
+    return at;
 }
 
 AttributeScan scanAttributes(std::string_view text, size_t at) {

@@ -40,6 +40,13 @@ std::string_view nameAt(std::string_view text, size_t at);
 /// The name of the tag whose `<` stands at `at`.
 std::string_view tagNameAt(std::string_view text, size_t at);
 
+/// What looks like a character reference at `at`, with or without a semicolon; empty without
+/// digits.
+std::string_view charRefAt(std::string_view text, size_t at);
+
+/// The first "&" in an attribute's value that begins no reference; npos when there is none.
+size_t badReferenceIn(std::string_view value);
+
 AttributeScan scanAttributes(std::string_view text, size_t at);
 
 } // namespace xml

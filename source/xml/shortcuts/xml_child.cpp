@@ -30,16 +30,35 @@ XML_NS_ELEMENT *xmlNsElementChild(XML_NS_ELEMENT *el, const char *localName,
 }
 
 int64_t xmlElementFindChild(XML_ELEMENT *el, int64_t from, const char *name) {
-    VO_ASSERT(el);
-    VO_ASSERT(from >= 0);
-    VO_ASSERT(name);
-    return findElement(PlainLayer(), el->items, from, ElementName(name, nullptr));
+    return xmlElementFindChildUtf8(el, from, name, -1);
 }
 
 int64_t xmlNsElementFindChild(XML_NS_ELEMENT *el, int64_t from, const char *localName,
                               const char *optionalNs) {
+    return xmlNsElementFindChildUtf8(el, from, localName, -1, optionalNs, -1);
+}
+
+/// A length of -1 says that a NUL ends the text.
+static std::string_view textOf(const char *utf8, int64_t length) {
+    return length < 0 ? std::string_view(utf8) : std::string_view(utf8, size_t(length));
+}
+
+int64_t xmlElementFindChildUtf8(XML_ELEMENT *el, int64_t from, const char *name, int64_t length) {
+    VO_ASSERT(el);
+    VO_ASSERT(from >= 0);
+    VO_ASSERT(name);
+    VO_ASSERT(length >= -1);
+    return findElement(PlainLayer(), el->items, from, ElementName(textOf(name, length)));
+}
+
+int64_t xmlNsElementFindChildUtf8(XML_NS_ELEMENT *el, int64_t from, const char *localName,
+                                  int64_t length, const char *optionalNs, int64_t nsLength) {
     VO_ASSERT(el);
     VO_ASSERT(from >= 0);
     VO_ASSERT(localName);
-    return findElement(NsLayer(), el->items, from, ElementName(localName, optionalNs));
+    VO_ASSERT(length >= -1);
+    VO_ASSERT(nsLength >= -1);
+    std::optional<std::string_view> ns;
+    if (optionalNs) ns = textOf(optionalNs, nsLength);
+    return findElement(NsLayer(), el->items, from, ElementName(textOf(localName, length), ns));
 }

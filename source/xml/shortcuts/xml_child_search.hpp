@@ -4,6 +4,7 @@
 #include "source/xml/cursor/xml_cursor_layer.hpp"
 #include "source/xml/cursor/xml_record_cursor.hpp"
 
+#include <optional>
 #include <string_view>
 
 namespace xml {
@@ -12,10 +13,9 @@ namespace xml {
 class ElementName {
   public:
     ElementName() = default;
-    ElementName(const char *name, const char *optionalNs)
-        : bytes(name), string(voStringTryCreateFromUtf8(name, -1)),
-          ns(optionalNs ? voStringTryCreateFromUtf8(optionalNs, -1) : nullptr),
-          isPossible(string && (ns || !optionalNs)) {}
+    explicit ElementName(std::string_view name, std::optional<std::string_view> nsName = {})
+        : bytes(name), string(stringOf(name)), ns(nsName ? stringOf(*nsName) : nullptr),
+          isPossible(string && (ns || !nsName)) {}
 
     /// Whether there can be such an element.
     explicit operator bool() const { return isPossible; }
@@ -29,6 +29,10 @@ class ElementName {
     }
 
   private:
+    static voString *stringOf(std::string_view utf8) {
+        return voStringTryCreateFromUtf8(utf8.data(), int64_t(utf8.size()));
+    }
+
     std::string_view bytes;
     vo::Ref<voString> string, ns;
     bool isPossible = true;
