@@ -1,7 +1,6 @@
 // A decoded tree whose objects are made on demand, beside a second one of the same text that was
 // made whole at once: whatever a program does with them, it sees the same.
 #include "tests/xml/codec.hpp"
-#include "tests/xml/layers.hpp"
 #include "tests/xml/random_program.hpp"
 #include "tests/xml/random_xml.hpp"
 
@@ -74,7 +73,7 @@ TEST(OnDemand, ItemsOfTwoDocumentsStandSideBySide) {
             expected += parts[isOther][i];
         }
         xmlDocumentSetItems(documents[0].edit(), items);
-        EXPECT_EQ(test::encodeItemsAsUtf8(documents[0]), expected);
+        EXPECT_EQ(test::xmlOf(documents[0]), expected);
     }
 }
 
@@ -90,9 +89,9 @@ void gather(const Ref<typename Layer::Items> &list, std::vector<Ref<typename Lay
     }
 }
 
-std::string encoded(XML_DOCUMENT *document) { return test::encodeItemsAsUtf8(document); }
+std::string encoded(XML_DOCUMENT *document) { return test::xmlOf(document); }
 std::string encoded(XML_NS_DOCUMENT *document) {
-    return test::encodeItemsAsUtf8(Ref(xmlNsDocumentEncode(document)));
+    return test::xmlOf(Ref(xmlNsDocumentEncode(document)));
 }
 
 template <class Layer>

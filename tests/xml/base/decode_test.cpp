@@ -3,7 +3,7 @@
 #include <random>
 
 using test::decode;
-using test::dump;
+using test::describe;
 using test::str;
 
 namespace {
@@ -22,15 +22,15 @@ void expectErrors(std::initializer_list<Row> rows, const std::string &before, in
         auto decoded = decode(before + row.text, XML_FLAG_DECODE_LOCATION);
         EXPECT_EQ(decoded.error, row.error) << row.text;
         if (row.offset >= 0) {
-            EXPECT_EQ(decoded.offset, base + row.offset) << row.text;
+            EXPECT_EQ(decoded.place.offset, base + row.offset) << row.text;
         }
         auto plain = decode(before + row.text);
         EXPECT_EQ(plain.error, row.error) << row.text;
-        EXPECT_EQ(plain.line, -1) << "a location that nobody asked for: " << row.text;
+        EXPECT_EQ(plain.place.line, -1) << "a location that nobody asked for: " << row.text;
     }
 }
 
-TEST(Decode, refuses_malformed_markup_at_its_place) {
+TEST(Decode, RefusesMalformedMarkupAtItsPlace) {
     expectErrors(
         {
             {"<", "TAG", 0},
@@ -87,7 +87,7 @@ TEST(Decode, refuses_malformed_markup_at_its_place) {
         declaration, start);
 }
 
-TEST(Decode, refuses_malformed_declarations_at_their_place) {
+TEST(Decode, RefusesMalformedDeclarationsAtTheirPlace) {
     expectErrors(
         {
             {"", "CHARSET", -1},
@@ -109,7 +109,7 @@ TEST(Decode, refuses_malformed_declarations_at_their_place) {
         "", 0);
 }
 
-TEST(Decode, reads_the_settings_of_the_declaration) {
+TEST(Decode, ReadsTheSettingsOfTheDeclaration) {
     const struct {
         std::string text, version;
         voCharset charset;
@@ -131,37 +131,37 @@ TEST(Decode, reads_the_settings_of_the_declaration) {
         EXPECT_EQ(test::take(xmlDocumentVersion(decoded.document)), row.version);
         EXPECT_EQ(xmlDocumentCharset(decoded.document), row.charset);
         EXPECT_EQ(xmlDocumentStandalone(decoded.document), row.standalone);
-        EXPECT_EQ(dump(decoded.document), "");
+        EXPECT_EQ(describe(decoded.document), "");
     }
 }
 
-TEST(Decode, keeps_what_the_text_says) {
+TEST(Decode, KeepsWhatTheTextSays) {
     const struct {
-        std::string text, dump;
+        std::string text, tree;
     } rows[] = {
-        {"\n<a/>", "T \\n\nE a\n"},
-        {"<a/><b />text<c/ >", "E a\nE b\nT text\nE c\n"},
-        {"< a\t>x</ a\n>", "E a\n  T x\n"},
-        {"<a x=\"1\"y='2'\n z = \"'\"/>", "E a\n  A x=1\n  A y=2\n  A z='\n"},
-        {"<a b='\t&#x41;&foo;\r\n>'/>", "E a\n  A b=\\t&#x41;&foo;\\r\\n>\n"},
-        {"<a>&lt;&foo;</a>\r\n", "E a\n  T &lt;&foo;\nT \\r\\n\n"},
-        {"<a>]]>\x01</a>", "E a\n  T ]]>\x01\n"},
-        {"<a><![CDATA[]]><![CDATA[<&]] >]]></a>", "E a\n  D \n  D <&]] >\n"},
-        {"<!-- ok --><?pi data?><?xml?><?p?>", "C  ok \nP pi data\nP xml\nP p\n"},
-        {"<a><b><c/></b> <b/> </a>", "E a\n  E b\n    E c\n  T  \n  E b\n  T  \n"},
+        {"\n<a/>", "'\\n' (a)"},
+        {"<a/><b />text<c/ >", "(a) (b) 'text' (c)"},
+        {"< a\t>x</ a\n>", "(a 'x')"},
+        {"<a x=\"1\"y='2'\n z = \"'\"/>", "(a @x=1 @y=2 @z='\\'')"},
+        {"<a b='\t&#x41;&foo;\r\n>'/>", "(a @b='\\t&#x41;&foo;\\r\\n>')"},
+        {"<a>&lt;&foo;</a>\r\n", "(a '&lt;&foo;') '\\r\\n'"},
+        {"<a>]]>\x01</a>", "(a ']]>\x01')"},
+        {"<a><![CDATA[]]><![CDATA[<&]] >]]></a>", "(a # #'<&]] >')"},
+        {"<!-- ok --><?pi data?><?xml?><?p?>", "!' ok ' ?'pi data' ?xml ?p"},
+        {"<a><b><c/></b> <b/> </a>", "(a (b (c)) ' ' (b) ' ')"},
         {"<\u00E9 \u4E2D='\u00E9\U0001F600'>\u00E9</\u00E9>",
-         "E \u00E9\n  A \u4E2D=\u00E9\U0001F600\n  T \u00E9\n"},
+         "(\u00E9 @\u4E2D=\u00E9\U0001F600 '\u00E9')"},
     };
     for (const auto &row : rows) {
         for (XML_FLAGS flags : {XML_FLAGS{0}, XML_FLAGS{XML_FLAG_DECODE_LOCATION}}) {
             auto decoded = decode(declaration + row.text, flags);
             ASSERT_TRUE(decoded.document) << row.text << decoded.error;
-            EXPECT_EQ(dump(decoded.document), row.dump);
+            EXPECT_EQ(describe(decoded.document), row.tree);
         }
     }
 }
 
-TEST(Decode, locations_count_from_where_the_text_begins) {
+TEST(Decode, LocationsCountFromWhereTheTextBegins) {
     Ref options(xmlOptionsCreate());
     xmlOptionsSetFlags(options.edit(), XML_FLAG_DECODE_LOCATION);
     Ref source = str("big.txt");
@@ -190,18 +190,18 @@ TEST(Decode, locations_count_from_where_the_text_begins) {
     EXPECT_EQ(place(xmlDecodeErrorLocation(error)), created(100, 7, 9));
 }
 
-TEST(Decode, names_are_shared_and_setters_do_not_reach_other_holders) {
+TEST(Decode, NamesAreSharedAndSettersDoNotReachOtherHolders) {
     auto decoded = decode(declaration + "<a x='1'> <a x='2'/> </a>");
     Ref items(xmlDocumentItems(decoded.document));
     Ref outer(xmlItemsItemElementAt(items, 0));
     Ref inner(xmlElementItemElementAt(outer, 1));
-    std::string before = dump(decoded.document);
+    std::string before = describe(decoded.document);
     xmlElementSetAttributeTextValueAt(inner.edit(), 0, str("changed"));
     xmlElementAppendItemTextValue(inner.edit(), str("changed"));
     xmlElementSetName(inner.edit(), str("changed"));
     Ref space(xmlElementItemTextAt(outer, 0));
     xmlTextSetValue(space.edit(), str("changed"));
-    EXPECT_EQ(dump(decoded.document), before);
+    EXPECT_EQ(describe(decoded.document), before);
 }
 
 /// Text that is close to XML, so that mutations reach deep into the grammar.
@@ -231,7 +231,7 @@ std::string randomText(std::mt19937 &random) {
     return text;
 }
 
-TEST(Decode, any_text_gives_a_round_trip_or_an_error) {
+TEST(Decode, AnyTextGivesARoundTripOrAnError) {
     std::mt19937 random(2);
     int accepted = 0;
     for (int round = 0; round < 30000; ++round) {
@@ -243,7 +243,7 @@ TEST(Decode, any_text_gives_a_round_trip_or_an_error) {
         std::string canonical = test::encode(plain.document);
         auto again = decode(canonical);
         ASSERT_TRUE(again.document) << text;
-        ASSERT_EQ(dump(again.document), dump(plain.document)) << text;
+        ASSERT_EQ(describe(again.document), describe(plain.document)) << text;
         ASSERT_EQ(test::encode(again.document), canonical) << text;
     }
     EXPECT_GT(accepted, 1000);

@@ -1,4 +1,4 @@
-#include "tests/xml/layers.hpp"
+#include "tests/xml/notation.hpp"
 
 using namespace test;
 
