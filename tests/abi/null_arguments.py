@@ -3,7 +3,7 @@
 Usage: null_arguments.py C_COMPILER LIBRARY.so...
 Every public function is called with valid arguments, and must then return; and again for each of
 its pointers with null in its place: the argument itself, and what a T ** points to. null_arguments.c
-makes the arguments and runs each call in a child of its own.
+makes the arguments and the calls.
 """
 import pathlib
 import re

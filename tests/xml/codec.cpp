@@ -27,14 +27,14 @@ Place placeOf(voParserLocation *taken) {
 
 Decoded decode(std::string_view bytes, XML_FLAGS flags) {
     Ref result(xmlDocumentDecode(buffer(bytes), options(flags), nullptr));
-    Decoded decoded;
-    decoded.document = Ref(xmlDecodeResultDocument(result));
-    if (decoded.document) return decoded;
+    if (Ref document(xmlDecodeResultDocument(result)); document)
+        return {std::move(document), {}, {}, {}};
     Ref error(xmlDecodeResultError(result));
-    decoded.error =
-        afterLast(take(xmlDecodeErrorCodeToString(xmlDecodeErrorErrorCode(error))), "ERROR_CODE_");
-    decoded.place = placeOf(xmlDecodeErrorLocation(error));
-    return decoded;
+    const auto code = xmlDecodeErrorErrorCode(error);
+    return {{},
+            afterLast(take(xmlDecodeErrorCodeToString(code)), "ERROR_CODE_"),
+            take(xmlDecodeErrorCodeMessageText(code)),
+            placeOf(xmlDecodeErrorLocation(error))};
 }
 
 Ref<XML_DOCUMENT> plain(const std::string &xml) {
@@ -45,14 +45,14 @@ Ref<XML_DOCUMENT> plain(const std::string &xml) {
 
 NsDecoded nsDecode(XML_DOCUMENT *document) {
     Ref result(xmlNsDocumentTryDecode(document));
-    NsDecoded decoded;
-    decoded.document = Ref(xmlNsDecodeResultDocument(result));
-    if (decoded.document) return decoded;
+    if (Ref resolved(xmlNsDecodeResultDocument(result)); resolved)
+        return {std::move(resolved), {}, {}, {}};
     Ref error(xmlNsDecodeResultError(result));
-    decoded.error = afterLast(take(xmlNsDecodeErrorCodeToString(xmlNsDecodeErrorErrorCode(error))),
-                              "ERROR_CODE_");
-    decoded.place = placeOf(xmlNsDecodeErrorLocation(error));
-    return decoded;
+    const auto code = xmlNsDecodeErrorErrorCode(error);
+    return {{},
+            afterLast(take(xmlNsDecodeErrorCodeToString(code)), "ERROR_CODE_"),
+            take(xmlNsDecodeErrorCodeMessageText(code)),
+            placeOf(xmlNsDecodeErrorLocation(error))};
 }
 
 std::string encode(XML_DOCUMENT *document, XML_FLAGS flags) {

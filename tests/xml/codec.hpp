@@ -22,6 +22,7 @@ struct Place {
 template <class Document> struct Outcome {
     Ref<Document> document;
     std::string error; ///< The code's name without its prefix; empty when there is none.
+    std::string message;
     Place place;
 };
 using Decoded = Outcome<XML_DOCUMENT>;

@@ -61,7 +61,6 @@ struct Plain {
     static constexpr auto attributeText = xmlAttributeText;
     static constexpr auto attributeLocation = xmlAttributeLocation;
     static constexpr auto attributeValue = xmlAttributeTextValue;
-    static constexpr auto createAttribute = xmlAttributeCreateText;
     static constexpr auto copyAttribute = xmlAttributeCreateFrom;
     static constexpr auto setText = xmlAttributeSetText;
     static constexpr auto setTextValue = xmlAttributeSetTextValue;
@@ -74,7 +73,6 @@ struct Plain {
     static constexpr auto attributesVector = xmlAttributesVector;
     static constexpr auto setAttributesVector = xmlAttributesSetVector;
     static constexpr auto createAttributes = xmlAttributesCreate;
-    static constexpr auto clearAttributes = xmlAttributesClear;
     static constexpr auto insertAttributes = xmlAttributesInsert;
     static constexpr auto appendAttributes = xmlAttributesAppend;
     static constexpr auto attributeAt = xmlAttributesAttributeAt;
@@ -204,7 +202,6 @@ struct Namespaced {
     static constexpr auto attributeText = xmlNsAttributeText;
     static constexpr auto attributeLocation = xmlNsAttributeLocation;
     static constexpr auto attributeValue = xmlNsAttributeTextValue;
-    static constexpr auto createAttribute = xmlNsAttributeCreateText;
     static constexpr auto copyAttribute = xmlNsAttributeCreateFrom;
     static constexpr auto setText = xmlNsAttributeSetText;
     static constexpr auto setTextValue = xmlNsAttributeSetTextValue;
@@ -217,7 +214,6 @@ struct Namespaced {
     static constexpr auto attributesVector = xmlNsAttributesVector;
     static constexpr auto setAttributesVector = xmlNsAttributesSetVector;
     static constexpr auto createAttributes = xmlNsAttributesCreate;
-    static constexpr auto clearAttributes = xmlNsAttributesClear;
     static constexpr auto insertAttributes = xmlNsAttributesInsert;
     static constexpr auto appendAttributes = xmlNsAttributesAppend;
     static constexpr auto attributeAt = xmlNsAttributesAttributeAt;

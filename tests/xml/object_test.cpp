@@ -217,6 +217,7 @@ TEST(Object, MisuseAborts) {
         {[](auto *) { xmlAttributeFrom(voStringObj(str(""))); },
          "stdfunc from: ", "!obj || voObjSort(obj)==&xml___sort_XML_ATTRIBUTE"},
         {[](auto *) { (void)Ref(xmlAttributeCreateFrom(nullptr)); }, "", "source"},
+        {[](auto *a) { xmlAttributeSetLocation(&a, nullptr); }, "", "loc"},
         {[](auto *) { xml___AttributeFreeFunc(nullptr); }, "", "attr"},
     };
     for (auto &row : rows)

@@ -39,6 +39,7 @@ TEST(PlainAttribute, ChecksItsName) {
     const char *file = "source/xml/base/xml_attribute.cpp", *check = "xmlValueNameOk( name )";
     Ref attr(xmlAttributeCreate(str("xmlns:p")));
     EXPECT_EQ(describe(attr.operator->()), "@xmlns:p=");
+    EXPECT_EQ(taken(xmlAttributeCreateTextEscape(str("a"), str("<"))), "@a=&lt;");
     EXPECT_ABORT(xmlAttributeSetName(attr.edit(), str("1a")), file, check);
     EXPECT_ABORT((void)Ref(xmlAttributeCreate(str(""))), file, check);
     EXPECT_ABORT((void)Ref(xmlAttributeCreateTextValue(str("a b"), nullptr)), file, check);

@@ -26,9 +26,7 @@ TEST(PlainElement, ReadsAttributesAsItsListDoes) {
     check(xmlElementAttribute, xmlAttributesAttribute, "@u:c=3", str("u:c"));
     check(xmlElementAttribute, xmlAttributesAttribute, "<null>", str("c"));
     check(xmlElementAttributeText, xmlAttributesAttributeText, "'x&lt;'", str("b"));
-    check(xmlElementAttributeText, xmlAttributesAttributeText, "<null>", str("u:b"));
     check(xmlElementAttributeTextValue, xmlAttributesAttributeTextValue, "x&lt;", str("b"));
-    check(xmlElementAttributeTextValue, xmlAttributesAttributeTextValue, "<null>", str("d"));
     check(xmlElementAttributeTextTryUnescape, xmlAttributesAttributeTextTryUnescape, "x<",
           str("b"));
     check(xmlElementAttributeTextTryUnescape, xmlAttributesAttributeTextTryUnescape, "<null>",
@@ -113,24 +111,16 @@ TEST(PlainElement, ReadsItemsAsItsListDoes) {
     check(xmlElementItemsLength, xmlItemsLength, "5");
     check(xmlElementItemAt, xmlItemsItemAt, "!c", 2);
     check(xmlElementItemTypeAt, xmlItemsItemTypeAt, "0", 0);
-    check(xmlElementItemTypeAt, xmlItemsItemTypeAt, "1", 1);
-    check(xmlElementItemTypeAt, xmlItemsItemTypeAt, "2", 2);
-    check(xmlElementItemTypeAt, xmlItemsItemTypeAt, "3", 3);
     check(xmlElementItemTypeAt, xmlItemsItemTypeAt, "4", 4);
     check(xmlElementItemElementAt, xmlItemsItemElementAt, "(u:e)", 0);
     check(xmlElementItemElementAt, xmlItemsItemElementAt, "<null>", 1);
     check(xmlElementItemProcessingInstructionAt, xmlItemsItemProcessingInstructionAt, "?p", 1);
-    check(xmlElementItemProcessingInstructionAt, xmlItemsItemProcessingInstructionAt, "<null>", 2);
     check(xmlElementItemCommentAt, xmlItemsItemCommentAt, "!c", 2);
-    check(xmlElementItemCommentAt, xmlItemsItemCommentAt, "<null>", 3);
     check(xmlElementItemTextAt, xmlItemsItemTextAt, "'&lt;'", 3);
-    check(xmlElementItemTextAt, xmlItemsItemTextAt, "<null>", 4);
     check(xmlElementItemTextValueAt, xmlItemsItemTextValueAt, "&lt;", 3);
     check(xmlElementItemTextValueAt, xmlItemsItemTextValueAt, "<null>", 4);
     check(xmlElementItemTextTryUnescapeAt, xmlItemsItemTextTryUnescapeAt, "<", 3);
-    check(xmlElementItemTextTryUnescapeAt, xmlItemsItemTextTryUnescapeAt, "<null>", 4);
     check(xmlElementItemCdataAt, xmlItemsItemCdataAt, "#d", 4);
-    check(xmlElementItemCdataAt, xmlItemsItemCdataAt, "<null>", 0);
 }
 
 TEST(PlainElement, ChangesItemsAsItsListDoes) {

@@ -11,35 +11,6 @@ std::string decoded(const std::string &xml) {
                            : result.error + " " + result.place.lineAndColumn();
 }
 
-TEST(NsDecode, NamesAreResolvedAgainstTheDeclarationsInScope) {
-    struct {
-        const char *xml;
-        const char *tree;
-    } const rows[] = {
-        {"<a xmlns='u'><b/></a>", "(u:a +=u (u:b))"},
-        {"<p:a xmlns:p='u' p:c='1' d='2'/>", "(u:a +p=u @u:c=1 @d=2)"},
-        {"<a xmlns='u'><b xmlns=''><c/></b><d/></a>", "(u:a +=u (b += (c)) (u:d))"},
-        {"<a xmlns:p=''><p:b p:c='1'/></a>", "(a +p= (b @c=1))"},
-        {"<a xmlns:p='u'><p:b xmlns:p='v'><p:c/></p:b><p:d/></a>",
-         "(a +p=u (v:b +p=v (v:c)) (u:d))"},
-        {"<a xmlns='u' c='1'><b xmlns='v' d='2'/><e/></a>", "(u:a +=u @c=1 (v:b +=v @d=2) (u:e))"},
-        {"<a z='1' xmlns:q='v' y='2' xmlns='u' q:y='3'/>", "(u:a +q=v +=u @z=1 @y=2 @v:y=3)"},
-        {"<xml:a xml:lang='de'/>", "(http://www.w3.org/XML/1998/namespace:a "
-                                   "@http://www.w3.org/XML/1998/namespace:lang=de)"},
-        {"<xml:a xmlns:xml='u'/>", "(http://www.w3.org/XML/1998/namespace:a +xml=u)"},
-        {"<p:a xmlns:p='http://www.w3.org/XML/1998/namespace'/>",
-         "(http://www.w3.org/XML/1998/namespace:a +p=http://www.w3.org/XML/1998/namespace)"},
-        {"<xmlns:a xmlns:xmlns='u'/>", "(u:a +xmlns=u)"},
-        {"<a xmlnsx='1' xmln='2' xmlns.x='3'/>", "(a @xmlnsx=1 @xmln=2 @xmlns.x=3)"},
-        {"<p:a xmlns:p='a&amp;b&#x20;'/>", "('a&b :a' +'p=a&b ')"},
-        {"<a b='&lt;&#65;'>x&amp;<!--c--><?d?><![CDATA[e]]></a>",
-         "(a @b=&lt;&#65; 'x&amp;' !c ?d #e)"},
-        {"<!--c--><a/> <b/>", "!c (a) ' ' (b)"},
-    };
-    for (auto &row : rows)
-        EXPECT_EQ(decoded(row.xml), row.tree) << row.xml;
-}
-
 TEST(NsDecode, OfAttributesThatComeToOneNameTheLastStays) {
     EXPECT_EQ(decoded("<a xmlns:p='u' xmlns:q='u' p:c='1' d='2' q:c='3'/>"),
               "(a +p=u +q=u @d=2 @u:c=3)");

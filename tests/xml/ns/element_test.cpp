@@ -27,10 +27,7 @@ TEST(NamespacedElement, ReadsAttributesAsItsListDoes) {
     check(xmlNsElementAttribute, xmlNsAttributesAttribute, "@u:c=3", str("c"), str("u"));
     check(xmlNsElementAttribute, xmlNsAttributesAttribute, "<null>", str("c"), nullptr);
     check(xmlNsElementAttributeText, xmlNsAttributesAttributeText, "'x&lt;'", str("b"), nullptr);
-    check(xmlNsElementAttributeText, xmlNsAttributesAttributeText, "<null>", str("b"), str("u"));
     check(xmlNsElementAttributeTextValue, xmlNsAttributesAttributeTextValue, "x&lt;", str("b"),
-          nullptr);
-    check(xmlNsElementAttributeTextValue, xmlNsAttributesAttributeTextValue, "<null>", str("d"),
           nullptr);
     check(xmlNsElementAttributeTextTryUnescape, xmlNsAttributesAttributeTextTryUnescape, "x<",
           str("b"), nullptr);
@@ -121,25 +118,16 @@ TEST(NamespacedElement, ReadsItemsAsItsListDoes) {
     check(xmlNsElementItemsLength, xmlNsItemsLength, "5");
     check(xmlNsElementItemAt, xmlNsItemsItemAt, "!c", 2);
     check(xmlNsElementItemTypeAt, xmlNsItemsItemTypeAt, "0", 0);
-    check(xmlNsElementItemTypeAt, xmlNsItemsItemTypeAt, "1", 1);
-    check(xmlNsElementItemTypeAt, xmlNsItemsItemTypeAt, "2", 2);
-    check(xmlNsElementItemTypeAt, xmlNsItemsItemTypeAt, "3", 3);
     check(xmlNsElementItemTypeAt, xmlNsItemsItemTypeAt, "4", 4);
     check(xmlNsElementItemElementAt, xmlNsItemsItemElementAt, "(u:e)", 0);
     check(xmlNsElementItemElementAt, xmlNsItemsItemElementAt, "<null>", 1);
     check(xmlNsElementItemProcessingInstructionAt, xmlNsItemsItemProcessingInstructionAt, "?p", 1);
-    check(xmlNsElementItemProcessingInstructionAt, xmlNsItemsItemProcessingInstructionAt, "<null>",
-          2);
     check(xmlNsElementItemCommentAt, xmlNsItemsItemCommentAt, "!c", 2);
-    check(xmlNsElementItemCommentAt, xmlNsItemsItemCommentAt, "<null>", 3);
     check(xmlNsElementItemTextAt, xmlNsItemsItemTextAt, "'&lt;'", 3);
-    check(xmlNsElementItemTextAt, xmlNsItemsItemTextAt, "<null>", 4);
     check(xmlNsElementItemTextValueAt, xmlNsItemsItemTextValueAt, "&lt;", 3);
     check(xmlNsElementItemTextValueAt, xmlNsItemsItemTextValueAt, "<null>", 4);
     check(xmlNsElementItemTextTryUnescapeAt, xmlNsItemsItemTextTryUnescapeAt, "<", 3);
-    check(xmlNsElementItemTextTryUnescapeAt, xmlNsItemsItemTextTryUnescapeAt, "<null>", 4);
     check(xmlNsElementItemCdataAt, xmlNsItemsItemCdataAt, "#d", 4);
-    check(xmlNsElementItemCdataAt, xmlNsItemsItemCdataAt, "<null>", 0);
 }
 
 TEST(NamespacedElement, ChangesItemsAsItsListDoes) {

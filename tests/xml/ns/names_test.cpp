@@ -75,6 +75,10 @@ TYPED_TEST(NamespacedName, IsChecked) {
                  TypeParam::nameSetterCheck);
 }
 
+TEST(NamespacedAttribute, IsMadeWithAnEscapedText) {
+    EXPECT_EQ(taken(xmlNsAttributeCreateTextEscape(str("a"), str("u"), str("<"))), "@u:a=&lt;");
+}
+
 TEST(NamespacedAttributes, CheckNames) {
     const char *file = "source/xml/ns/xml_ns_attributes.cpp";
     auto list = attributesOf<Namespaced>("@a=1");

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <random>
 #include <set>
-#include <thread>
 
 using namespace test;
 
@@ -232,34 +231,6 @@ TEST(NsRoundTrip, DeclarationsStayOnTheirElements) {
         const auto document = nsDecode(plain(xml)).document;
         EXPECT_EQ(xmlOf(Ref(xmlNsDocumentEncode(document))), xml);
     }
-}
-
-TEST(NsRoundTrip, ThreadsShareOneTree) {
-    std::string declarations;
-    for (char p = 'a'; p <= 'z'; ++p)
-        declarations += std::string(" xmlns:") + p + "='u" + p + "'";
-    const auto document = nsDecode(plain("<a:r" + declarations +
-                                         " b:c='1'><d:e xmlns='v'><f xmlns=''/></d:e>text</a:r>"))
-                              .document;
-    const std::string expected = xmlOf(Ref(xmlNsDocumentEncode(document)));
-    Ref root(xmlNsItemsItemElementAt(Ref(xmlNsDocumentItems(document)), 0));
-    const auto work = [&] {
-        for (int i = 0; i < 50; ++i) {
-            Ref own(xmlNsElementRetain(root));
-            Ref map(xmlNsElementNamespaceMap(own));
-            EXPECT_TRUE(xmlNsNamespaceMapHasMappingForNamespace(map, str("uz")));
-            xmlNsNamespaceMapAppendMapping(map.edit(), mapping("z=w"));
-            EXPECT_FALSE(xmlNsNamespaceMapHasMappingForNamespace(map, str("uz")));
-            xmlNsElementSetNamespaceMap(own.edit(), map);
-            xmlNsElementAppendItemElement(own.edit(), root);
-            EXPECT_EQ(xmlOf(Ref(xmlNsDocumentEncode(document))), expected);
-        }
-    };
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 16; ++i)
-        threads.emplace_back(work);
-    for (std::thread &thread : threads)
-        thread.join();
 }
 
 } // namespace
