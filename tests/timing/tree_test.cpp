@@ -60,14 +60,3 @@ TEST(TreeTiming, OfJoiningAttributeListsIsLinear) {
         });
     });
 }
-
-TEST(TreeTiming, OfEscapingIsLinear) {
-    expectLinear(10000000, [](int64_t n) {
-        Ref raw = str(repeated("a<b&", n / 4));
-        return secondsOf([&] {
-            Ref text(xmlTextCreateEscape(raw));
-            Ref back(xmlTextTryUnescape(text));
-            EXPECT_TRUE(voStringEquals(back, raw));
-        });
-    });
-}

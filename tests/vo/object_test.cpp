@@ -109,15 +109,3 @@ TEST(Object, TextIsTheStringItselfOrTheNameOfTheSort) {
     Ref store(voStoreCreate());
     EXPECT_EQ(take(voStoreToString(store)), "voStore");
 }
-
-TEST(Object, CommonOperationsRefuseNullUnderTheirName) {
-    auto context = [](std::string name, std::string text) {
-        return name + ": source/vo/vo_string.cpp:[0-9]+: " + text + "\n";
-    };
-    Ref string(voStringCreate());
-    EXPECT_DEATH(voStringRetain(nullptr), context("^stdfunc retain", "obj"));
-    EXPECT_DEATH(voStringRelease(nullptr), context("^stdfunc release", "obj"));
-    EXPECT_DEATH((void)take(voStringToString(nullptr)), context("^stdfunc tostring", "obj"));
-    EXPECT_DEATH(voStringCompare(nullptr, string), context("^stdfunc compare a", "objA"));
-    EXPECT_DEATH(voStringCompare(string, nullptr), context("^stdfunc compare b", "objB"));
-}

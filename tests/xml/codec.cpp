@@ -66,6 +66,21 @@ std::string xmlOf(XML_DOCUMENT *document) {
     return encode(copy, XML_FLAG_ENCODE_OMIT_XML_DECLARATION);
 }
 
+std::string unescaped(const std::string &line) {
+    std::string bytes;
+    for (size_t i = 0; i < line.size(); ++i) {
+        if (line[i] != '\\') {
+            bytes += line[i];
+        } else if (line[++i] == 'x') {
+            bytes += char(std::stoi(line.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            bytes += "\n\r\t\\"[std::string_view("nrt\\").find(line[i])];
+        }
+    }
+    return bytes;
+}
+
 std::string readFile(const std::filesystem::path &path) {
     std::ifstream file(path, std::ios::binary);
     EXPECT_TRUE(file) << path;

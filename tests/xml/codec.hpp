@@ -60,6 +60,9 @@ template <class Layer> void visitItems(Ref<typename Layer::Items> items,
     }
 }
 
+/// The bytes of a line in a file of cases, in which \n, \r, \t, \\ and \xHH stand for bytes.
+std::string unescaped(const std::string &line);
+
 std::string readFile(const std::filesystem::path &path);
 
 } // namespace test

@@ -5,11 +5,12 @@
 
 namespace test {
 
-/// What an operation gives, and the line that says so.
+/// What an operation gives, and the place that says so.
 struct Expected {
-    Expected(const char *notation, int sourceLine = __builtin_LINE())
-        : text(notation), line(sourceLine) {}
-    const char *text;
+    Expected(const char *notation, const char *sourceFile = __builtin_FILE(),
+             int sourceLine = __builtin_LINE())
+        : text(notation), file(sourceFile), line(sourceLine) {}
+    const char *text, *file;
     int line;
 };
 
@@ -17,10 +18,9 @@ struct Expected {
 /// that holds it. A getter must give what is expected; a setter must make that of the list.
 template <class Element, class List> class ListOperations {
   public:
-    ListOperations(const char *testFile, const char *elementName, Ref<List> sharedList,
-                   void (*listSetter)(Element **, List *), List *(*listGetter)(Element *))
-        : file(testFile), name(elementName), shared(std::move(sharedList)), setList(listSetter),
-          getList(listGetter) {}
+    ListOperations(Ref<List> sharedList, void (*listSetter)(Element **, List *),
+                   List *(*listGetter)(Element *))
+        : shared(std::move(sharedList)), setList(listSetter), getList(listGetter) {}
 
     template <class Result, class... Params, class... Args>
     void operator()(Result (*onElement)(Element *, Params...), Result (*onList)(List *, Params...),
@@ -41,20 +41,19 @@ template <class Element, class List> class ListOperations {
   private:
     Ref<Element> newElement() const {
         using Layer = std::conditional_t<std::is_same_v<Element, XML_ELEMENT>, Plain, Namespaced>;
-        Ref el = Layer::element(name);
+        Ref el = Layer::element("e");
         setList(el.edit(), shared);
         return el;
     }
 
     void expect(Expected expected, const std::string &fromList,
                 const std::string &fromElement) const {
-        const testing::ScopedTrace trace(file, expected.line, "");
+        const testing::ScopedTrace trace(expected.file, expected.line, "");
         EXPECT_EQ(fromList, expected.text) << "by the list";
         EXPECT_EQ(fromElement, expected.text) << "by the element";
         EXPECT_EQ(describe(shared.operator->()), before) << "another holder's list has changed";
     }
 
-    const char *file, *name;
     Ref<List> shared;
     void (*setList)(Element **, List *);
     List *(*getList)(Element *);

@@ -106,14 +106,8 @@ template <class Layer> class TreeWriter {
                     put("+" + word(taken(xmlNsNamespaceMapMappingAt(map, i))));
         Ref attrs(Layer::elementAttributes(el));
         for (int64_t i = 0; i < Layer::attributesLength(attrs); ++i)
-            add(Ref(Layer::attributeAt(attrs, i)));
+            put(taken(Layer::attributeAt(attrs, i)));
         open.push_back({Ref(Layer::elementItems(el)), 0});
-    }
-
-    void add(typename Layer::Attribute *attr) {
-        const std::string name = Layer::nameOf(attr);
-        const bool declares = name == "xmlns" || name.starts_with("xmlns:");
-        if (!declares || declarations == Declarations::written) put(describe(attr));
     }
 
     Declarations declarations;
@@ -156,8 +150,8 @@ std::string describe(XML_ITEMS *items) { return describeTree<Plain>(items); }
 std::string describe(XML_NS_ITEMS *items) { return describeTree<Namespaced>(items); }
 std::string describe(XML_ELEMENT *el) { return describeTree<Plain>(el); }
 std::string describe(XML_NS_ELEMENT *el) { return describeTree<Namespaced>(el); }
-std::string describe(XML_DOCUMENT *document, Declarations declarations) {
-    return describeTree<Plain>(Ref(xmlDocumentItems(document)).operator->(), declarations);
+std::string describe(XML_DOCUMENT *document) {
+    return describeTree<Plain>(Ref(xmlDocumentItems(document)).operator->());
 }
 std::string describe(XML_NS_DOCUMENT *document, Declarations declarations) {
     return describeTree<Namespaced>(Ref(xmlNsDocumentItems(document)).operator->(), declarations);

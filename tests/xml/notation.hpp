@@ -35,9 +35,10 @@ std::string describe(XML_NS_ELEMENT *el);
 std::string describe(XML_NS_NAMESPACE_MAPPING *mapping);
 std::string describe(XML_NS_NAMESPACE_MAP *map);
 
-/// Whether namespace maps, or the attributes that declare namespaces, are written.
+std::string describe(XML_DOCUMENT *document);
+
+/// Whether namespace maps are written.
 enum class Declarations { written, leftOut };
-std::string describe(XML_DOCUMENT *document, Declarations declarations = Declarations::written);
 std::string describe(XML_NS_DOCUMENT *document, Declarations declarations = Declarations::written);
 
 /// What a function returned: a number, or a new reference, which is released.

@@ -38,9 +38,9 @@ std::string difference(const std::string &a, const std::string &b) {
 }
 
 #if TEST_SANITIZED
-constexpr uint32_t programs = 400;
+constexpr uint32_t programs = 300;
 #else
-constexpr uint32_t programs = 3000;
+constexpr uint32_t programs = 1500;
 #endif
 
 } // namespace
@@ -53,27 +53,6 @@ TEST(OnDemand, NoProgramSeesWhatIsNotMade) {
             if (seenAfter(fewer, seed, false) != seenAfter(fewer, seed, true)) steps = fewer;
         FAIL() << "seed " << seed << " after " << steps << " steps: "
                << difference(seenAfter(steps, seed, false), seenAfter(steps, seed, true));
-    }
-}
-
-TEST(OnDemand, ItemsOfTwoDocumentsStandSideBySide) {
-    const std::vector<std::string> parts[] = {{"<a>1</a>", "<b>2</b>", "<!--3-->", "4"},
-                                              {"<a>5</a>", "<b>6</b>", "<!--7-->", "8"}};
-    for (unsigned mask = 0; mask < 16; ++mask) {
-        Ref<XML_DOCUMENT> documents[2];
-        for (int i = 0; i < 2; ++i)
-            documents[i] =
-                test::decode("<?xml?>" + parts[i][0] + parts[i][1] + parts[i][2] + parts[i][3])
-                    .document;
-        Ref items(xmlDocumentItems(documents[0])), others(xmlDocumentItems(documents[1]));
-        std::string expected;
-        for (unsigned i = 0; i < 4; ++i) {
-            const bool isOther = mask >> i & 1;
-            if (isOther) xmlItemsSetItemAt(items.edit(), i, Ref(xmlItemsItemAt(others, i)));
-            expected += parts[isOther][i];
-        }
-        xmlDocumentSetItems(documents[0].edit(), items);
-        EXPECT_EQ(test::xmlOf(documents[0]), expected);
     }
 }
 

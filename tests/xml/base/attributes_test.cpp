@@ -25,12 +25,6 @@ TYPED_TEST(Attribute, SharesItsTextUntilEitherChanges) {
 
 TYPED_TEST(Attribute, MisuseAborts) {
     auto attr = TypeParam::attribute("a", "1");
-    Ref<typename TypeParam::Attribute> none;
-    const std::string file = TypeParam::file("attribute");
-    EXPECT_ABORT((void)Ref(TypeParam::attributeText(nullptr)), file, "attr");
-    EXPECT_ABORT(TypeParam::setText(nullptr, nullptr), file, "attr");
-    EXPECT_ABORT(TypeParam::setTextValue(none.edit(), nullptr), file, "*attr");
-    EXPECT_ABORT(TypeParam::setText(attr.edit(), nullptr), file, "text");
     EXPECT_ABORT(TypeParam::setTextValue(attr.edit(), str("<")), "source/xml/base/xml_text.cpp",
                  "xmlValueTextOk( value )");
 }
@@ -43,7 +37,6 @@ TEST(PlainAttribute, ChecksItsName) {
     EXPECT_ABORT(xmlAttributeSetName(attr.edit(), str("1a")), file, check);
     EXPECT_ABORT((void)Ref(xmlAttributeCreate(str(""))), file, check);
     EXPECT_ABORT((void)Ref(xmlAttributeCreateTextValue(str("a b"), nullptr)), file, check);
-    EXPECT_ABORT((void)Ref(xmlAttributeCreateText(str("a"), nullptr)), file, "text");
 }
 
 LAYER_TEST_SUITE(Attributes);
@@ -141,13 +134,7 @@ TYPED_TEST(Attributes, MisuseAborts) {
     const std::string file = TypeParam::file("attributes");
     const std::string sort =
         std::is_same_v<TypeParam, Plain> ? "xmlAttributeSort()" : "xmlNsAttributeSort()";
-    EXPECT_ABORT((void)Ref(TypeParam::attributesVector(nullptr)), file, "attrs");
-    EXPECT_ABORT(TypeParam::appendAttribute(nullptr, nullptr), file, "attrs");
-    EXPECT_ABORT(TypeParam::appendAttribute(none.edit(), nullptr), file, "*attrs");
     EXPECT_ABORT(TypeParam::deleteDuplicate(none.edit(), 0), file, "*attrs");
-    EXPECT_ABORT(TypeParam::appendAttribute(list.edit(), nullptr), file, "attr");
-    EXPECT_ABORT(TypeParam::setAttribute(list.edit(), nullptr), file, "attr");
-    EXPECT_ABORT(TypeParam::appendAttributes(list.edit(), nullptr), file, "others");
     EXPECT_ABORT(TypeParam::setAttributesVector(list.edit(), wrong), file,
                  "voVectorContainsOnly( vec, " + sort + " )");
     EXPECT_ABORT((void)Ref(TypeParam::attributeAt(list, 1)), "source/vo/vo_vector.cpp",
@@ -324,7 +311,7 @@ template <class Layer> class RandomList {
 TYPED_TEST(Attributes, DoAtOnceWhatTheModelDoesStepByStep) {
     for (int names : {4, 12, 60}) { // many duplicates; and lists that are hashed
         RandomList<TypeParam> list(7, names);
-        for (int i = 0; i < 170'000; ++i) {
+        for (int i = 0; i < 40'000; ++i) {
             list.step();
             ASSERT_TRUE(list.matches()) << "step " << i << " with " << names << " names";
         }

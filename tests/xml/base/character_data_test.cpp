@@ -11,7 +11,7 @@ struct Cdata {
     static constexpr auto retain = xmlCdataRetain;
     static constexpr auto value = xmlCdataValue;
     static constexpr auto setValue = xmlCdataSetValue;
-    static constexpr const char *bad = "a]]>b", *param = "cdata";
+    static constexpr const char *bad = "a]]>b";
     static constexpr const char *check = "xmlValueCdataOk( value )";
     static constexpr const char *file = "source/xml/base/xml_cdata.cpp";
 };
@@ -21,7 +21,7 @@ struct Comment {
     static constexpr auto retain = xmlCommentRetain;
     static constexpr auto value = xmlCommentValue;
     static constexpr auto setValue = xmlCommentSetValue;
-    static constexpr const char *bad = "a--b", *param = "comment";
+    static constexpr const char *bad = "a--b";
     static constexpr const char *check = "xmlValueCommentOk( value )";
     static constexpr const char *file = "source/xml/base/xml_comment.cpp";
 };
@@ -31,7 +31,7 @@ struct ProcessingInstruction {
     static constexpr auto retain = xmlProcessingInstructionRetain;
     static constexpr auto value = xmlProcessingInstructionValue;
     static constexpr auto setValue = xmlProcessingInstructionSetValue;
-    static constexpr const char *bad = " t", *param = "pi";
+    static constexpr const char *bad = " t";
     static constexpr const char *check = "xmlValueProcessingInstructionValueOk( value )";
     static constexpr const char *file = "source/xml/base/xml_processing_instruction.cpp";
 };
@@ -57,14 +57,9 @@ TYPED_TEST(CharacterData, ChangesInPlaceUnlessShared) {
     EXPECT_EQ(Ref(TypeParam::value(node)), second);
 }
 
-TYPED_TEST(CharacterData, ChecksTheReferenceBeforeTheValue) {
+TYPED_TEST(CharacterData, ChecksItsValue) {
     Ref node(TypeParam::create(test::str("value")));
     Ref<voString> bad = test::str(TypeParam::bad);
-    decltype(node.operator->()) none = nullptr;
-    const std::string param = TypeParam::param;
     EXPECT_ABORT(Ref made(TypeParam::create(bad)), TypeParam::file, TypeParam::check);
-    EXPECT_ABORT(TypeParam::setValue(nullptr, bad), TypeParam::file, param);
-    EXPECT_ABORT(TypeParam::setValue(&none, bad), TypeParam::file, "*" + param);
     EXPECT_ABORT(TypeParam::setValue(node.edit(), bad), TypeParam::file, TypeParam::check);
-    EXPECT_ABORT(Ref made(TypeParam::value(nullptr)), TypeParam::file, param);
 }

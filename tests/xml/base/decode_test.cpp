@@ -1,6 +1,6 @@
 #include "tests/xml/codec.hpp"
-
-#include <random>
+#include "tests/xml/mutator.hpp"
+#include "tests/xml/random_xml.hpp"
 
 using test::decode;
 using test::describe;
@@ -9,83 +9,59 @@ using test::str;
 namespace {
 
 const std::string declaration = "<?xml version='1.0'?>";
-constexpr int64_t start = 21; // of what follows the declaration
 
-struct Row {
-    std::string text;
-    std::string error;
-    int64_t offset;
-};
-
-void expectErrors(std::initializer_list<Row> rows, const std::string &before, int64_t base) {
-    for (const Row &row : rows) {
-        auto decoded = decode(before + row.text, XML_FLAG_DECODE_LOCATION);
-        EXPECT_EQ(decoded.error, row.error) << row.text;
-        if (row.offset >= 0) {
-            EXPECT_EQ(decoded.place.offset, base + row.offset) << row.text;
-        }
-        auto plain = decode(before + row.text);
+TEST(Decode, RefusesMalformedMarkupAtItsPlace) {
+    const struct {
+        const char *text, *error;
+        int64_t offset; ///< Behind the declaration.
+    } rows[] = {
+        {"<", "TAG", 0},
+        {"a<", "TAG", 1},
+        {"<a", "TAG", 0},
+        {"<a ", "TAG", 0},
+        {"<a/", "TAG", 0},
+        {"<a ?>", "TAG", 0},
+        {"< >", "TAG", 0},
+        {"<a><!doctype a>", "TAG", 3},
+        {"<!-", "TAG", 0},
+        {"<![CDATA", "TAG", 0},
+        {"</", "TAG", 0},
+        {"<a></a", "TAG", 3},
+        {"</>", "TAG", 0},
+        {"</a>", "TAG_MISMATCH", 0},
+        {"<a></b>", "TAG_MISMATCH", 3},
+        {"<a></A>", "TAG_MISMATCH", 3},
+        {"<a></ab>", "TAG_MISMATCH", 3},
+        {"<ab></a>", "TAG_MISMATCH", 4},
+        {"<a><b></a></b>", "TAG_MISMATCH", 6},
+        {"<a><b>", "TAG_NOT_CLOSED", 3},
+        {"x<a>y<b/>z", "TAG_NOT_CLOSED", 1},
+        {"<a x/>", "ATTRIBUTE_LIST", 0},
+        {"<a x='&'/>", "ATTRIBUTE_LIST", 0},
+        {"<a x='", "ATTRIBUTE_LIST", 0},
+        {"<?", "PROCESSING_INSTRUCTION", 0},
+        {"<?"
+         "?>",
+         "PROCESSING_INSTRUCTION", 0},
+        {"<!--->", "COMMENT", 0},
+        {"<!--a", "COMMENT", 0},
+        {"<![CDATA[x", "CDATA", 0},
+        {"&", "TEXT", 0},
+        {"<a>&lt;&amp", "TEXT", 7},
+    };
+    for (const auto &row : rows) {
+        const auto located = decode(declaration + row.text, XML_FLAG_DECODE_LOCATION);
+        EXPECT_EQ(located.error, row.error) << row.text;
+        EXPECT_EQ(located.place.offset, int64_t(declaration.size()) + row.offset) << row.text;
+        const auto plain = decode(declaration + row.text);
         EXPECT_EQ(plain.error, row.error) << row.text;
         EXPECT_EQ(plain.place.line, -1) << "a location that nobody asked for: " << row.text;
     }
 }
 
-TEST(Decode, RefusesMalformedMarkupAtItsPlace) {
-    expectErrors(
-        {
-            {"<", "TAG", 0},
-            {"a<", "TAG", 1},
-            {"<a", "TAG", 0},
-            {"<a ", "TAG", 0},
-            {"<a/", "TAG", 0},
-            {"<a ?>", "TAG", 0},
-            {"< >", "TAG", 0},
-            {"<a><!doctype a>", "TAG", 3},
-            {"<!-", "TAG", 0},
-            {"<![CDATA", "TAG", 0},
-            {"</", "TAG", 0},
-            {"<a></a", "TAG", 3},
-            {"</>", "TAG", 0},
-            {"</a>", "TAG_MISMATCH", 0},
-            {"<a></b>", "TAG_MISMATCH", 3},
-            {"<a></A>", "TAG_MISMATCH", 3},
-            {"<a></ab>", "TAG_MISMATCH", 3},
-            {"<ab></a>", "TAG_MISMATCH", 4},
-            {"<a><b></a></b>", "TAG_MISMATCH", 6},
-            {"<a><b>", "TAG_NOT_CLOSED", 3},
-            {"x<a>y<b/>z", "TAG_NOT_CLOSED", 1},
-            {"<a x/>", "ATTRIBUTE_LIST", 0},
-            {"<a x='&'/>", "ATTRIBUTE_LIST", 0},
-            {"<a x='", "ATTRIBUTE_LIST", 0},
-            {"<?", "PROCESSING_INSTRUCTION", 0},
-            {"<?"
-             "?>",
-             "PROCESSING_INSTRUCTION", 0},
-            {"<!--->", "COMMENT", 0},
-            {"<!--a", "COMMENT", 0},
-            {"<![CDATA[x", "CDATA", 0},
-            {"&", "TEXT", 0},
-            {"<a>&lt;&amp", "TEXT", 7},
-        },
-        declaration, start);
-}
-
-TEST(Decode, RefusesMalformedDeclarationsAtTheirPlace) {
-    expectErrors(
-        {
-            {"", "CHARSET", -1},
-            {"<?xml-stylesheet href='a'?>", "CHARSET", -1},
-            {"<?XML version='1.0'?>", "CHARSET", -1},
-            {std::string(1024, ' ') + declaration, "CHARSET", -1},
-            {"<?xml version='1.'?>", "XML_DECLARATION", 18},
-            {" <?xml version='1.0' version='1.0'?>", "XML_DECLARATION", 6},
-            {"<?xml version='1.0' standalone='YES' ?>", "XML_DECLARATION", 37},
-            {"<?xml version=1.0?>", "XML_DECLARATION", 5},
-            {"<?xml version='1.0' >", "XML_DECLARATION", 20},
-            {"<?xml version='1.0'", "XML_DECLARATION", 19},
-            {"<?xml ?>", "XML_DECLARATION", 6},
-        },
-        "", 0);
+TEST(Decode, LooksForADeclarationAtTheBeginning) {
+    EXPECT_EQ(decode(std::string(1024, ' ') + declaration).error, "CHARSET");
+    EXPECT_EQ(decode(std::string(1000, ' ') + declaration).error, "");
 }
 
 TEST(Decode, ReadsTheSettingsOfTheDeclaration) {
@@ -157,38 +133,13 @@ TEST(Decode, NamesAreSharedAndSettersDoNotReachOtherHolders) {
     EXPECT_EQ(describe(decoded.document), before);
 }
 
-/// Text that is close to XML, so that mutations reach deep into the grammar.
-std::string randomText(std::mt19937 &random) {
-    static const std::string pieces[] = {
-        "<a>",       "</a>",
-        "<b x='1'",  "/>",
-        ">",         "<",
-        "&lt;",      "&",
-        "&#65;",     "<!--",
-        "-->",       "<?p",
-        "?>",        "--",
-        "-",         "]]>",
-        "<![CDATA[", "<!DOCTYPE",
-        "x",         "=",
-        "'",         "\"",
-        " ",         "\r\n",
-        "/",         "\u00E9",
-        "\xF0\x9F",  "\xFF",
-        "y='",       "y",
-        "\u4E2D ",   "</",
-        "<a/>",      "<a y=\"&amp;\">",
-    };
-    std::string text = declaration;
-    for (auto count = random() % 12; count > 0; --count)
-        text += pieces[random() % std::size(pieces)];
-    return text;
-}
-
 TEST(Decode, AnyTextGivesARoundTripOrAnError) {
-    std::mt19937 random(2);
+    test::RandomXml documents(2);
+    test::Mutator mutator(3);
+    std::string last;
     int accepted = 0;
-    for (int round = 0; round < 30000; ++round) {
-        std::string text = randomText(random);
+    for (int round = 0; round < 5000; ++round) {
+        const std::string text = mutator.changed(documents.document(round % 8), last);
         auto plain = decode(text), located = decode(text, XML_FLAG_DECODE_LOCATION);
         ASSERT_EQ(plain.error, located.error) << text;
         if (!plain.document) continue;
@@ -198,8 +149,9 @@ TEST(Decode, AnyTextGivesARoundTripOrAnError) {
         ASSERT_TRUE(again.document) << text;
         ASSERT_EQ(describe(again.document), describe(plain.document)) << text;
         ASSERT_EQ(test::encode(again.document), canonical) << text;
+        last = text;
     }
-    EXPECT_GT(accepted, 1000);
+    EXPECT_GT(accepted, 500);
 }
 
 } // namespace

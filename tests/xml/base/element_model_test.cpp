@@ -146,7 +146,7 @@ LAYER_TEST_SUITE(ElementModel);
 
 TYPED_TEST(ElementModel, BehavesAsTheModelUnderRandomChanges) {
     Elements<TypeParam> elements;
-    for (int i = 0; i < 100'000; ++i) {
+    for (int i = 0; i < 40'000; ++i) {
         elements.step();
         if (i % 16 == 0) {
             ASSERT_TRUE(elements.matches()) << "step " << i;

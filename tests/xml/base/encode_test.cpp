@@ -29,24 +29,6 @@ TEST(Encode, WritesAnElementWithTheItemsOfAnEmptyDocumentAsOneTag) {
     EXPECT_EQ(encode(decoded.document), declaration + "<a/>");
 }
 
-TEST(Encode, QuotesByTheRarerQuote) {
-    const struct {
-        std::string value, quoted;
-    } rows[] = {
-        {"", "\"\""},           {"'", "\"'\""},           {"\"", "'\"'"},
-        {"\"'", "\"&quot;'\""}, {"''\"", "\"''&quot;\""}, {"\"\"'", "'\"\"&apos;'"},
-    };
-    for (const auto &row : rows) {
-        Ref el(xmlElementCreate(str("a")));
-        xmlElementAppendAttributeNameTextValue(el.edit(), str("b"), str(row.value));
-        Ref items(xmlItemsCreate());
-        xmlItemsAppendItemElement(items.edit(), el);
-        Ref document(xmlDocumentCreate());
-        xmlDocumentSetItems(document.edit(), items);
-        EXPECT_EQ(encode(document), declaration + "<a b=" + row.quoted + "/>");
-    }
-}
-
 TEST(Encode, AnElementWithAnEmptyTextHasBothTags) {
     Ref el(xmlElementCreate(str("a")));
     xmlElementAppendItemTextValue(el.edit(), str(""));

@@ -94,12 +94,3 @@ TEST(Options, IgnoreWhatTheyDoNotKnowInAStore) {
     EXPECT_EQ(xmlOptionsEncodeNlfFlags(opt), VO_NLF_FLAG_CR);
     EXPECT_EQ(xmlOptionsFlagsDefault(opt), 1);
 }
-
-TEST(Options, AbortWithoutAnObject) {
-    const char *file = "source/xml/base/xml_options.cpp";
-    XML_OPTIONS *none = nullptr;
-    EXPECT_ABORT(xmlOptionsFlags(nullptr), file, "opt");
-    EXPECT_ABORT(xmlOptionsSetFlags(nullptr, 0), file, "opt");
-    EXPECT_ABORT(xmlOptionsSetFlags(&none, 0), file, "*opt");
-    EXPECT_ABORT(Ref made(xmlOptionsRestore(nullptr)), file, "store");
-}

@@ -117,9 +117,4 @@ TEST(NsDecode, TheResultIsAnOrdinaryTree) {
     EXPECT_EQ(describe(changed), "(u:a +=u +p=v @b=1 @e=2 (u:c) (u:d 'x') (u:c))");
 }
 
-TEST(NsDecodeDeathTest, AMissingDocumentAborts) {
-    EXPECT_ABORT(Ref result(xmlNsDocumentTryDecode(nullptr)),
-                 "source/xml/ns/xml_ns_document_decode.cpp", "doc");
-}
-
 } // namespace

@@ -5,13 +5,12 @@ using namespace test;
 namespace {
 
 ListOperations<XML_NS_ELEMENT, XML_NS_ATTRIBUTES> attributeOperations() {
-    return {__FILE__, "e", attributesOf<Namespaced>("@a=1 @b=x&lt; @u:c=3"),
-            xmlNsElementSetAttributes, xmlNsElementAttributes};
+    return {attributesOf<Namespaced>("@a=1 @b=x&lt; @u:c=3"), xmlNsElementSetAttributes,
+            xmlNsElementAttributes};
 }
 
 ListOperations<XML_NS_ELEMENT, XML_NS_ITEMS> itemOperations() {
-    return {__FILE__, "e", itemsOf<Namespaced>("(u:e) ?p !c '&lt;' #d"), xmlNsElementSetItems,
-            xmlNsElementItems};
+    return {itemsOf<Namespaced>("(u:e) ?p !c '&lt;' #d"), xmlNsElementSetItems, xmlNsElementItems};
 }
 
 } // namespace
@@ -219,6 +218,4 @@ TEST(NamespacedElement, HasAnOptionalNamespaceMap) {
     EXPECT_EQ(xmlNsElementHasNamespaceMap(el), 0);
     xmlNsElementDelNamespaceMap(copy.edit());
     EXPECT_EQ(xmlNsElementHasNamespaceMap(copy), 0);
-    EXPECT_ABORT(xmlNsElementSetNamespaceMap(el.edit(), nullptr),
-                 "source/xml/ns/xml_ns_element.cpp", "map");
 }

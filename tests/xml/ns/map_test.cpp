@@ -255,7 +255,7 @@ class NsNamespaceMapModel : public testing::Test {
 TEST_F(NsNamespaceMapModel, BehavesAsTheListUnderRandomChanges) {
     Map copy(xmlNsNamespaceMapCreate());
     Model copied;
-    for (int i = 0; i < 1000000 && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < 200000 && !HasFatalFailure(); ++i) {
         change();
         check(subject, model);
         if (below(8)) continue;
@@ -269,11 +269,6 @@ TEST_F(NsNamespaceMapModel, BehavesAsTheListUnderRandomChanges) {
 TEST(NsNamespaceMapDeathTest, BrokenPreconditionsAbort) {
     const char *file = "source/xml/ns/xml_ns_namespace_map.cpp";
     Map made = map("p=a"), none;
-    EXPECT_ABORT(xmlNsNamespaceMapLength(nullptr), file, "map");
-    EXPECT_ABORT(xmlNsNamespaceMapAppendMapping(none.edit(), mapping("p=")), file, "*map");
-    EXPECT_ABORT(xmlNsNamespaceMapAppendMapping(made.edit(), nullptr), file, "mapping");
-    EXPECT_ABORT(xmlNsNamespaceMapInsert(made.edit(), 0, nullptr), file, "other");
-    EXPECT_ABORT(Ref restored(xmlNsNamespaceMapRestore(nullptr)), file, "store");
     Ref strings(voVectorCreate());
     voVectorAppendObj(strings.edit(), voStringObj(str("p=a")));
     EXPECT_ABORT(xmlNsNamespaceMapSetMappingsVector(made.edit(), strings), file,
