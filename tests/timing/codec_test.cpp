@@ -113,7 +113,7 @@ TEST(CodecTiming, OfAllThatProgramsDoIsLinearAndNeedsNoStack) {
     };
     onSmallStack([&] {
         for (const auto &shape : shapes)
-            expectLinear(300000, [&](int64_t n) {
+            expectLinear(200000, [&](int64_t n) {
                 const std::string text = shape(n);
                 return secondsOf([&] { use(text); });
             });
