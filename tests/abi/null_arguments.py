@@ -1,9 +1,9 @@
-"""A null argument ends the process, with a line that names a source file and a condition.
+"""A null argument ends the process, with a line that names a source file and the argument.
 
 Usage: null_arguments.py C_COMPILER LIBRARY.so...
 Every public function is called with valid arguments, and must then return; and again for each of
-its pointers with null in its place: the argument itself, and what a T ** points to. null_arguments.c
-makes the arguments and runs each call in a child of its own.
+its pointers with null in its place: the argument itself, and what a T ** points to.
+null_arguments.c makes the arguments and the calls.
 """
 import pathlib
 import re
@@ -19,9 +19,22 @@ ACCEPTED = re.compile(r"\w+(?<!Create)From|\w+(?<!Append)(?<!Insert)Obj|\w+Equal
                       r"|voObjCompare|voMemFree")
 # What makes no check at all; its header and README.md say so.
 UNCHECKED = {"xmlNsNamespaceMappingIsDefault"}
+# Lookups that check what they look for before the map.
+KEY_FIRST = re.compile(r"xmlNsNamespaceMap(Has)?(Prefix)?MappingFor(Namespace|Prefix)")
 # Arguments by the name of the parameter. Others are 1, or what null_arguments.c has for the type.
 VALID = {"index": "0", "length": "-1", "radix": "10", "array": "voStoreCreateArray()",
          "version": 'str("1.0")', "path": '"/dev/null"', "items of any type": "voVectorCreate()"}
+
+# What the line calls an argument that another function checks, where not by its own name.
+CHECKED_AS = {"value": "text|str|commentText", "name": "cstr", "format": "cstr", "key": "cstr",
+              "version": "versionNum", "chars": r"chars \|\| .*", "bytes": r"bytes \|\| .*",
+              "a": "objA", "b": "objB", "cursorA": "objA", "cursorB": "objB", "el": "obj",
+              "child": "obj", "text": "obj", "comment": "obj", "cdata": "obj", "pi": "obj",
+              "cursor": "obj"}
+# What the common operations print in front of the line.
+CONTEXTS = {"Retain": "stdfunc retain: ", "Release": "stdfunc release: ",
+            "ToString": "stdfunc tostring: ", "Compare": "stdfunc compare [ab]: "}
+RETURNS = "returned"
 
 
 def valid(function, kind, name):
@@ -33,8 +46,18 @@ def valid(function, kind, name):
     return f"({pointee} *[]){{{value}}}" if kind.endswith("**") else value
 
 
+def aborts(function, argument):
+    operation = re.search(r"(?<!^voObj)(?:ToString|[A-Z][a-z]*)$", function)
+    context = CONTEXTS.get(operation[0] if operation else "", "")
+    return rf"aborted: {context}source/\w[\w/]*\.[ch]pp:\d+: (?:{argument})"
+
+
+def names(parameter):
+    return f"{parameter}|{CHECKED_AS[parameter]}" if parameter in CHECKED_AS else parameter
+
+
 def calls(function, parameters):
-    """Each call of a function, as its title, whether null is accepted there, and C."""
+    """Each call of a function: its title, how it must end as a pattern, and the call in C."""
     pairs = [re.fullmatch(r"(.*?)(\w+)", parameter).groups()
              for parameter in parameters if parameter != "..."]
     arguments = [valid(function, kind.strip(), name) for kind, name in pairs]
@@ -46,12 +69,19 @@ def calls(function, parameters):
     pointers = [(place, *pair) for place, pair in enumerate(pairs)
                 if "*" in pair[0] and not pair[1].startswith("optional")]
     if pointers and not (accepted and function.endswith("From")):
-        yield f"{function}() with valid arguments", True, call(0, arguments[0])
+        yield f"{function}() with valid arguments", RETURNS, call(0, arguments[0])
+    if len(pointers) > 1 and not accepted:
+        nulls = ["NULL" if "*" in kind else value for (kind, _), value in zip(pairs, arguments)]
+        first = pointers[-1 if KEY_FIRST.fullmatch(function) else 0][2]
+        yield (f"{function}() with {first} null before others", aborts(function, names(first)),
+               f"{function}({', '.join(nulls)})")
     for place, kind, name in pointers if function not in UNCHECKED else []:
-        yield f"{function}() with {name} null", accepted, call(place, "NULL")
+        outcome = RETURNS if accepted else aborts(function, names(name))
+        yield f"{function}() with {name} null", outcome, call(place, "NULL")
         if kind.strip().endswith("**"):
             pointee = kind.rstrip(" *")
-            yield f"{function}() with *{name} null", False, call(place, f"({pointee} *[]){{NULL}}")
+            yield (f"{function}() with *{name} null", aborts(function, rf"\*{name}"),
+                   call(place, f"({pointee} *[]){{NULL}}"))
 
 
 compiler, *libraries = sys.argv[1:]
@@ -70,8 +100,7 @@ with tempfile.TemporaryDirectory() as scratch:
     output = subprocess.run([program, str(len(cases))], stdout=subprocess.PIPE, text=True,
                             check=True).stdout.splitlines()
 faults = 0
-for (title, returns, _), outcome in zip(cases, output, strict=True):
-    wanted = r"returned" if returns else r"aborted: (.*: )?source/\w[\w/]*\.[ch]pp:\d+: .+"
+for (title, wanted, _), outcome in zip(cases, output, strict=True):
     if not re.fullmatch(wanted, outcome):
         print(f"{title}: {outcome}")
         faults += 1

@@ -1,44 +1,67 @@
-// Documents in and out of text, for tests.
+// Documents in and out of bytes, for tests.
 #pragma once
 
-#include "tests/support.hpp"
-#include "xml/xml.h"
+#include "tests/xml/notation.hpp"
 
 #include <filesystem>
 #include <functional>
+#include <vector>
 
 namespace test {
 
-/// What came of decoding: a document, or an error and its place.
-struct Decoded {
-    Ref<XML_DOCUMENT> document;
-    std::string error; ///< The code's name without its prefix; empty when there is none.
+/// Where an error is; -1 where no location tells it.
+struct Place {
     int64_t offset = -1, line = -1, column = -1;
 
-    std::string place() const { return std::to_string(line) + ":" + std::to_string(column); }
+    std::string lineAndColumn() const {
+        return std::to_string(line) + ":" + std::to_string(column);
+    }
 };
-Decoded decode(std::string_view bytes, XML_FLAGS flags = 0);
 
-struct NsDecoded {
-    Ref<XML_NS_DOCUMENT> document;
-    std::string error;
-    int64_t offset = -1;
+/// What came of decoding: a document, or an error and its place.
+template <class Document> struct Outcome {
+    Ref<Document> document;
+    std::string error; ///< The code's name without its prefix; empty when there is none.
+    std::string message;
+    Place place;
 };
+using Decoded = Outcome<XML_DOCUMENT>;
+using NsDecoded = Outcome<XML_NS_DOCUMENT>;
+Decoded decode(std::string_view bytes, XML_FLAGS flags = 0);
 NsDecoded nsDecode(XML_DOCUMENT *document);
+
+/// The document of this content, with locations behind a declaration of 21 characters.
+Ref<XML_DOCUMENT> plain(const std::string &xml);
 
 /// The canonical text in the document's character set; "<null>" when it cannot hold the text.
 std::string encode(XML_DOCUMENT *document, XML_FLAGS flags = 0);
 
 /// The text as UTF-8 and without the declaration, whatever the document's character set.
-std::string encodeItemsAsUtf8(XML_DOCUMENT *document);
+std::string xmlOf(XML_DOCUMENT *document);
 
-/// One line for each node: E element, N declared prefix=namespace, A attribute, T text, P
-/// processing instruction, C comment, D CDATA section; two blanks for each level.
-std::string dump(XML_DOCUMENT *document);
-std::string dump(XML_NS_DOCUMENT *document);
+/// Calls `visit` for every item of the list and below it in document order.
+template <class Layer> void visitItems(Ref<typename Layer::Items> items,
+                                       const std::function<void(typename Layer::Item *)> &visit) {
+    struct Open {
+        Ref<typename Layer::Items> list;
+        int64_t next;
+    };
+    std::vector<Open> open;
+    open.push_back({std::move(items), 0});
+    while (!open.empty()) {
+        auto &[list, next] = open.back();
+        if (next == Layer::itemsLength(list)) {
+            open.pop_back();
+            continue;
+        }
+        Ref item(Layer::itemAt(list, next++));
+        visit(item);
+        if (Ref el(Layer::itemElement(item)); el) open.push_back({Ref(Layer::elementItems(el)), 0});
+    }
+}
 
-/// Calls `visit` for every item of the tree in document order.
-void visitItems(XML_DOCUMENT *document, const std::function<void(XML_ITEM *)> &visit);
+/// The bytes of a line in a file of cases, in which \n, \r, \t, \\ and \xHH stand for bytes.
+std::string unescaped(const std::string &line);
 
 std::string readFile(const std::filesystem::path &path);
 

@@ -1,6 +1,6 @@
 #include "tests/xml/object_view.hpp"
 
-#include "xml/xml.h"
+#include "tests/xml/layers.hpp"
 
 #include <unordered_map>
 #include <utility>
@@ -15,60 +15,122 @@ template <class... T> Objects objects(T *...adopted) {
     return made;
 }
 
-struct Type {
-    voSort *(*sort)();
-    Parts (*parts)(voObj *);
-};
-
 /// A node that is a value and its location.
-#define VALUE_TYPE(Name)                                                                           \
-    {                                                                                              \
-        xml##Name##Sort, [](voObj *object) -> Parts {                                              \
-            auto *node = xml##Name##From(object);                                                  \
-            return {{}, objects(xml##Name##Value(node), xml##Name##Location(node)), {}};           \
-        }                                                                                          \
-    }
+template <class Node, voString *(*value)(Node *), voParserLocation *(*location)(Node *)>
+Parts valueParts(voObj *object) {
+    auto *node = reinterpret_cast<Node *>(object);
+    return {{}, objects(value(node), location(node)), {}};
+}
 
-const Type types[] = {
-    VALUE_TYPE(Text),
-    VALUE_TYPE(Comment),
-    VALUE_TYPE(Cdata),
-    VALUE_TYPE(ProcessingInstruction),
-    {voStringSort,
-     [](voObj *object) -> Parts {
-         return {{}, {}, text(voStringFrom(object))};
-     }},
-    {voParserLocationSort,
-     [](voObj *object) -> Parts {
-         auto *location = voParserLocationFrom(object);
-         return {{},
-                 objects(voParserLocationSource(location)),
-                 std::to_string(voParserLocationOffset(location)) + " " +
-                     std::to_string(voParserLocationLine(location)) + ":" +
-                     std::to_string(voParserLocationColumn(location))};
-     }},
-    {voVectorSort,
-     [](voObj *object) -> Parts {
-         Parts parts;
-         for (int64_t i = 0; i < voVectorLength(voVectorFrom(object)); ++i)
-             parts.others.emplace_back(voVectorObjAt(voVectorFrom(object), i));
-         return parts;
-     }},
-    {xmlNsNamespaceMapSort,
-     [](voObj *object) -> Parts {
-         return {{}, objects(xmlNsNamespaceMapMappingsVector(xmlNsNamespaceMapFrom(object))), {}};
-     }},
-    {xmlNsNamespaceMappingSort,
-     [](voObj *object) -> Parts {
-         auto *mapping = xmlNsNamespaceMappingFrom(object);
-         return {
-             objects(xmlNsNamespaceMappingPrefix(mapping), xmlNsNamespaceMappingNamespace(mapping)),
-             {},
-             {}};
-     }},
-#define LAYER_TEXT "tests/xml/object_parts.inc"
-#include "tests/xml/both_layers.inc"
+Parts locationParts(voObj *object) {
+    auto *location = voParserLocationFrom(object);
+    return {{},
+            objects(voParserLocationSource(location)),
+            std::to_string(voParserLocationOffset(location)) + " " +
+                std::to_string(voParserLocationLine(location)) + ":" +
+                std::to_string(voParserLocationColumn(location))};
+}
+
+Parts vectorParts(voObj *object) {
+    Parts parts;
+    for (int64_t i = 0; i < voVectorLength(voVectorFrom(object)); ++i)
+        parts.others.emplace_back(voVectorObjAt(voVectorFrom(object), i));
+    return parts;
+}
+
+Parts mapParts(voObj *object) {
+    return {{}, objects(xmlNsNamespaceMapMappingsVector(xmlNsNamespaceMapFrom(object))), {}};
+}
+
+Parts mappingParts(voObj *object) {
+    auto *mapping = xmlNsNamespaceMappingFrom(object);
+    return {objects(xmlNsNamespaceMappingPrefix(mapping), xmlNsNamespaceMappingNamespace(mapping)),
+            {},
+            {}};
+}
+
+// What the two layers name differently, and what only one of them has.
+Objects namesOf(XML_ELEMENT *el) { return objects(xmlElementName(el)); }
+Objects namesOf(XML_ATTRIBUTE *attr) { return objects(xmlAttributeName(attr)); }
+Objects namesOf(XML_NS_ELEMENT *el) {
+    return objects(xmlNsElementLocalName(el), xmlNsElementNamespace(el));
+}
+Objects namesOf(XML_NS_ATTRIBUTE *attr) {
+    return objects(xmlNsAttributeLocalName(attr), xmlNsAttributeNamespace(attr));
+}
+XML_NS_NAMESPACE_MAP *mapOf(XML_ELEMENT *) { return nullptr; }
+XML_NS_NAMESPACE_MAP *mapOf(XML_NS_ELEMENT *el) { return xmlNsElementNamespaceMap(el); }
+
+/// The types of one layer's tree.
+template <class Layer> struct LayerParts {
+    static Parts item(voObj *object) {
+        auto *item = reinterpret_cast<typename Layer::Item *>(object);
+        return {{},
+                objects(Layer::itemElement(item), Layer::itemText(item), Layer::itemComment(item),
+                        Layer::itemCdata(item), Layer::itemInstruction(item)),
+                std::to_string(Layer::itemType(item))};
+    }
+    static Parts element(voObj *object) {
+        auto *el = reinterpret_cast<typename Layer::Element *>(object);
+        return {namesOf(el),
+                objects(Layer::elementItems(el), Layer::elementAttributes(el),
+                        Layer::elementLocation(el), mapOf(el)),
+                {}};
+    }
+    static Parts items(voObj *object) {
+        auto *list = reinterpret_cast<typename Layer::Items *>(object);
+        return {{}, objects(Layer::itemsVector(list)), {}};
+    }
+    static Parts attributes(voObj *object) {
+        auto *list = reinterpret_cast<typename Layer::Attributes *>(object);
+        return {{}, objects(Layer::attributesVector(list)), {}};
+    }
+    static Parts attribute(voObj *object) {
+        auto *attr = reinterpret_cast<typename Layer::Attribute *>(object);
+        return {
+            namesOf(attr), objects(Layer::attributeText(attr), Layer::attributeLocation(attr)), {}};
+    }
+    static Parts document(voObj *object) {
+        auto *doc = reinterpret_cast<typename Layer::Document *>(object);
+        return {
+            {},
+            objects(Layer::documentItems(doc), Layer::version(doc), Layer::documentLocation(doc)),
+            std::to_string(Layer::charset(doc)) + " " + std::to_string(Layer::standalone(doc))};
+    }
 };
+
+using PartsBySort = std::unordered_map<voSort *, Parts (*)(voObj *)>;
+
+template <class Layer> void addLayer(PartsBySort &rows) {
+    rows[Layer::itemSort()] = LayerParts<Layer>::item;
+    rows[Layer::elementSort()] = LayerParts<Layer>::element;
+    rows[Layer::itemsSort()] = LayerParts<Layer>::items;
+    rows[Layer::attributesSort()] = LayerParts<Layer>::attributes;
+    rows[Layer::attributeSort()] = LayerParts<Layer>::attribute;
+    rows[Layer::documentSort()] = LayerParts<Layer>::document;
+}
+
+PartsBySort allTypes() {
+    PartsBySort rows = {
+        {xmlTextSort(), valueParts<XML_TEXT, xmlTextValue, xmlTextLocation>},
+        {xmlCommentSort(), valueParts<XML_COMMENT, xmlCommentValue, xmlCommentLocation>},
+        {xmlCdataSort(), valueParts<XML_CDATA, xmlCdataValue, xmlCdataLocation>},
+        {xmlProcessingInstructionSort(),
+         valueParts<XML_PROCESSING_INSTRUCTION, xmlProcessingInstructionValue,
+                    xmlProcessingInstructionLocation>},
+        {voStringSort(),
+         [](voObj *object) -> Parts {
+             return {{}, {}, text(voStringFrom(object))};
+         }},
+        {voParserLocationSort(), locationParts},
+        {voVectorSort(), vectorParts},
+        {xmlNsNamespaceMapSort(), mapParts},
+        {xmlNsNamespaceMappingSort(), mappingParts},
+    };
+    addLayer<Plain>(rows);
+    addLayer<Namespaced>(rows);
+    return rows;
+}
 
 class View {
   public:
@@ -114,12 +176,7 @@ class View {
 } // namespace
 
 Parts partsOf(voObj *object) {
-    static const auto bySort = [] {
-        std::unordered_map<voSort *, Parts (*)(voObj *)> rows;
-        for (const Type &type : types)
-            rows[type.sort()] = type.parts;
-        return rows;
-    }();
+    static const PartsBySort bySort = allTypes();
     return bySort.at(vo::sortOf(object))(object);
 }
 

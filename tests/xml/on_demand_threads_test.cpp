@@ -1,6 +1,5 @@
 // Threads that work with one decoded document: what one of them makes, all of them get.
 #include "tests/xml/codec.hpp"
-#include "tests/xml/layers.hpp"
 #include "tests/xml/random_program.hpp"
 #include "tests/xml/random_xml.hpp"
 

@@ -1,7 +1,6 @@
 #include "tests/xml/random_program.hpp"
 
 #include "tests/xml/codec.hpp"
-#include "tests/xml/layers.hpp"
 
 #include <algorithm>
 
@@ -51,14 +50,17 @@ void Program::copy(voObj *object) {
         voSort *(*sort)();
         voObj *(*copy)(voObj *);
     } rows[] = {
-#define COPY(T, Name) {Name##Sort, copyOf<T, Name##CreateFrom>}
-        COPY(XML_DOCUMENT, xmlDocument),   COPY(XML_NS_DOCUMENT, xmlNsDocument),
-        COPY(XML_ELEMENT, xmlElement),     COPY(XML_NS_ELEMENT, xmlNsElement),
-        COPY(XML_ITEMS, xmlItems),         COPY(XML_NS_ITEMS, xmlNsItems),
-        COPY(XML_ITEM, xmlItem),           COPY(XML_NS_ITEM, xmlNsItem),
-        COPY(XML_ATTRIBUTE, xmlAttribute), COPY(XML_ATTRIBUTES, xmlAttributes),
-        COPY(voVector, voVector),
-#undef COPY
+        {xmlDocumentSort, copyOf<XML_DOCUMENT, xmlDocumentCreateFrom>},
+        {xmlNsDocumentSort, copyOf<XML_NS_DOCUMENT, xmlNsDocumentCreateFrom>},
+        {xmlElementSort, copyOf<XML_ELEMENT, xmlElementCreateFrom>},
+        {xmlNsElementSort, copyOf<XML_NS_ELEMENT, xmlNsElementCreateFrom>},
+        {xmlItemsSort, copyOf<XML_ITEMS, xmlItemsCreateFrom>},
+        {xmlNsItemsSort, copyOf<XML_NS_ITEMS, xmlNsItemsCreateFrom>},
+        {xmlItemSort, copyOf<XML_ITEM, xmlItemCreateFrom>},
+        {xmlNsItemSort, copyOf<XML_NS_ITEM, xmlNsItemCreateFrom>},
+        {xmlAttributeSort, copyOf<XML_ATTRIBUTE, xmlAttributeCreateFrom>},
+        {xmlAttributesSort, copyOf<XML_ATTRIBUTES, xmlAttributesCreateFrom>},
+        {voVectorSort, copyOf<voVector, voVectorCreateFrom>},
     };
     for (const auto &row : rows)
         if (vo::sortOf(object) == row.sort()) return keep(row.copy(object));
@@ -85,7 +87,7 @@ void Program::convert() {
 
 void Program::resolve(XML_DOCUMENT *document) {
     auto resolved = nsDecode(document);
-    log += resolved.error + ' ' + std::to_string(resolved.offset) + '\n';
+    log += resolved.error + ' ' + std::to_string(resolved.place.offset) + '\n';
     if (!resolved.document) return;
     if (makesAll) xmlNsDocumentMakeAll(resolved.document);
     keep(xmlNsDocumentObj(resolved.document.take()));

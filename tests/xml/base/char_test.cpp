@@ -11,7 +11,7 @@ std::vector<uint32_t> changes(int (*isMember)(uint32_t)) {
     return found;
 }
 
-TEST(Char, classes_are_those_of_xml) {
+TEST(Char, ClassesAreThoseOfXml) {
     using List = std::vector<uint32_t>;
     EXPECT_EQ(changes(xml___CharIsSpace), (List{9, 0xB, 0xD, 0xE, 0x20, 0x21}));
     EXPECT_EQ(changes(xml___CharIsNameStartChar),

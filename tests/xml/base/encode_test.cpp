@@ -9,26 +9,7 @@ namespace {
 
 const std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
 
-TEST(Encode, writes_the_canonical_layout) {
-    const struct {
-        std::string text, canonical;
-    } rows[] = {
-        {"<?xml?>", declaration},
-        {"<?xml?><a></a>", declaration + "<a/>"},
-        {"<?xml version='1.1' standalone='yes'?>",
-         "<?xml version=\"1.1\" encoding=\"UTF-8\" standalone=\"yes\"?>"},
-        {"<?xml?>< a  b = 'x'c=\"y\" ><!--c--></ a ><?p q?>\n<![CDATA[<]]>&lt;",
-         declaration + "<a b=\"x\" c=\"y\"><!--c--></a><?p q?>\n<![CDATA[<]]>&lt;"},
-        {"<?xml?><a b='\"' c='\"&apos;' d=\"''\" e='\"\"&apos;' f='\"' g='\r\n\t>'/>",
-         declaration + "<a b='\"' c='\"&apos;' d=\"''\" e='\"\"&apos;' f='\"' g=\"\r\n\t>\"/>"},
-        {"<?xml?><\u00E9>\u4E2D\U0001F600</\u00E9>",
-         declaration + "<\u00E9>\u4E2D\U0001F600</\u00E9>"},
-    };
-    for (const auto &row : rows)
-        EXPECT_EQ(encode(decode(row.text).document), row.canonical);
-}
-
-TEST(Encode, writes_the_canonical_layout_of_what_nobody_asked_for) {
+TEST(Encode, WritesTheCanonicalLayoutOfWhatNobodyAskedFor) {
     const std::string more(100, ' ');
     for (std::string tag : {"<a b=''/ >", "<a  b=\"\"/>", "<a b=\"\"></a>"}) {
         auto decoded = decode("<?xml?><c>" + tag + "</c>" + more);
@@ -38,7 +19,7 @@ TEST(Encode, writes_the_canonical_layout_of_what_nobody_asked_for) {
     }
 }
 
-TEST(Encode, writes_an_element_with_the_items_of_an_empty_document_as_one_tag) {
+TEST(Encode, WritesAnElementWithTheItemsOfAnEmptyDocumentAsOneTag) {
     auto decoded = decode("<?xml?><a>text</a>");
     Ref items(xmlDocumentItems(decoded.document));
     Ref el(xmlItemsItemElementAt(items, 0));
@@ -48,25 +29,7 @@ TEST(Encode, writes_an_element_with_the_items_of_an_empty_document_as_one_tag) {
     EXPECT_EQ(encode(decoded.document), declaration + "<a/>");
 }
 
-TEST(Encode, quotes_by_the_rarer_quote) {
-    const struct {
-        std::string value, quoted;
-    } rows[] = {
-        {"", "\"\""},           {"'", "\"'\""},           {"\"", "'\"'"},
-        {"\"'", "\"&quot;'\""}, {"''\"", "\"''&quot;\""}, {"\"\"'", "'\"\"&apos;'"},
-    };
-    for (const auto &row : rows) {
-        Ref el(xmlElementCreate(str("a")));
-        xmlElementAppendAttributeNameTextValue(el.edit(), str("b"), str(row.value));
-        Ref items(xmlItemsCreate());
-        xmlItemsAppendItemElement(items.edit(), el);
-        Ref document(xmlDocumentCreate());
-        xmlDocumentSetItems(document.edit(), items);
-        EXPECT_EQ(encode(document), declaration + "<a b=" + row.quoted + "/>");
-    }
-}
-
-TEST(Encode, an_element_with_an_empty_text_has_both_tags) {
+TEST(Encode, AnElementWithAnEmptyTextHasBothTags) {
     Ref el(xmlElementCreate(str("a")));
     xmlElementAppendItemTextValue(el.edit(), str(""));
     Ref items(xmlItemsCreate());
@@ -77,7 +40,7 @@ TEST(Encode, an_element_with_an_empty_text_has_both_tags) {
     EXPECT_EQ(encode(Ref(xmlDocumentCreate()), XML_FLAG_ENCODE_OMIT_XML_DECLARATION), "");
 }
 
-TEST(Encode, gives_null_where_the_charset_cannot_hold_the_text) {
+TEST(Encode, GivesNullWhereTheCharsetCannotHoldTheText) {
     auto decoded = decode("<?xml?><a>\u0416\u4E2D</a>");
     for (voCharset charset : {VO_CHARSET_US_ASCII, VO_CHARSET_ISO_8859_1, VO_CHARSET_KOI8_R}) {
         xmlDocumentSetCharset(decoded.document.edit(), charset);
@@ -91,7 +54,7 @@ TEST(Encode, gives_null_where_the_charset_cannot_hold_the_text) {
     EXPECT_EQ(encode(document), "<null>");
 }
 
-TEST(Encode, comes_back_in_every_charset) {
+TEST(Encode, ComesBackInEveryCharset) {
     auto decoded = decode("<?xml?><a b='\"x\"'>text &amp; <![CDATA[more]]></a>");
     for (voCharset charset = 0; VO_CHARSET_OK(charset); ++charset) {
         xmlDocumentSetCharset(decoded.document.edit(), charset);
@@ -99,12 +62,12 @@ TEST(Encode, comes_back_in_every_charset) {
         auto again = decode(encoded);
         ASSERT_TRUE(again.document) << charset << again.error;
         EXPECT_EQ(xmlDocumentCharset(again.document), charset);
-        EXPECT_EQ(test::dump(again.document), test::dump(decoded.document)) << charset;
+        EXPECT_EQ(test::describe(again.document), test::describe(decoded.document)) << charset;
         EXPECT_EQ(encode(again.document), encoded) << charset;
     }
 }
 
-TEST(Encode, writes_a_byte_order_mark_on_request) {
+TEST(Encode, WritesAByteOrderMarkOnRequest) {
     Ref options(xmlOptionsCreate());
     xmlOptionsSetEncodeCharsetFlags(options.edit(), VO_CHARSET_FLAG_BOM);
     auto decoded = decode("<?xml?><a/>");

@@ -22,6 +22,8 @@ TEST(Module, TellsWhatItIsAndHowItWasBuilt) {
     EXPECT_STREQ(record.version, "1.0");
     EXPECT_STREQ(record.requiredModules, "vo");
     EXPECT_STREQ(record.furtherModules, "");
+    EXPECT_EQ(voxmlVersion(),
+              record.productMajor * 10000 + record.productMinor * 100 + record.productPatch);
     EXPECT_TRUE(matches(record.buildTime, "UTC [0-9]{4}-[0-9]{2}-[0-9]{2} "
                                           "[0-9]{2}:[0-9]{2}:[0-9]{2} \\([A-Z][a-z]+day\\)"));
     const std::string product =

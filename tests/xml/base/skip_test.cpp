@@ -14,7 +14,7 @@ int64_t run(int64_t (*scan)(const uint32_t *, int64_t), std::u32string_view inpu
     return scan(chars.data(), int64_t(chars.size()));
 }
 
-TEST(Skip, gives_the_length_of_the_production_at_the_start) {
+TEST(Skip, GivesTheLengthOfTheProductionAtTheStart) {
     const struct {
         int64_t (*scan)(const uint32_t *, int64_t);
         std::u32string_view input;
@@ -66,7 +66,7 @@ TEST(Skip, gives_the_length_of_the_production_at_the_start) {
     }
 }
 
-TEST(Skip, character_references_give_their_code_point) {
+TEST(Skip, CharacterReferencesGiveTheirCodePoint) {
     const struct {
         std::u32string_view input;
         int64_t length;
@@ -101,13 +101,13 @@ TEST(Skip, character_references_give_their_code_point) {
     }
 }
 
-TEST(Skip, checks_its_run) {
+TEST(Skip, ChecksItsRun) {
     const uint32_t c = 'a';
     EXPECT_ABORT(xml___SkipName(&c, -1), "source/xml/base/xml_skip.cpp", "length >= 0");
     EXPECT_ABORT(xml___SkipS(nullptr, 1), "source/xml/base/xml_skip.cpp", "length == 0 || chs");
 }
 
-TEST(Skip, scans_bytes_as_it_scans_code_points) {
+TEST(Skip, ScansBytesAsItScansCodePoints) {
     constexpr std::u32string_view alphabet =
         U"ab:-1 \t\n\"'<&;#x=.\u00B7\u00E9\u0301\u4E2D\U0001F600";
     std::mt19937 random(1);

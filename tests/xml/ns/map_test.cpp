@@ -1,14 +1,12 @@
 #include "source/xml/ns/xml_ns_namespace_map.hpp"
-#include "tests/xml/ns/namespaces.hpp"
+#include "tests/xml/notation.hpp"
 
 #include <algorithm>
 #include <functional>
 #include <random>
 #include <set>
 
-using test::map;
-using test::mapping;
-using test::str;
+using namespace test;
 
 namespace {
 
@@ -41,16 +39,16 @@ TEST(NsNamespaceMap, TheMappingPlacedLastTakesThePrefix) {
         Map changed = map(row.before);
         Map shared(xmlNsNamespaceMapRetain(changed));
         row.change(changed.edit());
-        EXPECT_EQ(test::text(changed), row.after) << "from " << row.before;
-        EXPECT_EQ(test::text(shared), row.before);
+        EXPECT_EQ(describe(changed), row.after) << "from " << row.before;
+        EXPECT_EQ(describe(shared), row.before);
     }
 }
 
 TEST(NsNamespaceMap, OfMappingsWithOnePrefixTheFirstOfTwoOrTheLastOfMoreStays) {
-    EXPECT_EQ(test::text(map("p=a q=1 p=b")), "p=a q=1");
-    EXPECT_EQ(test::text(map("p=a q=1 p=b p=c q=2")), "q=1 p=c");
-    EXPECT_EQ(test::text(map("=a =b =c =d")), "=d");
-    Ref vec = test::mappings("p=a q=b");
+    EXPECT_EQ(describe(map("p=a q=1 p=b")), "p=a q=1");
+    EXPECT_EQ(describe(map("p=a q=1 p=b p=c q=2")), "q=1 p=c");
+    EXPECT_EQ(describe(map("=a =b =c =d")), "=d");
+    Ref vec = mappings("p=a q=b");
     Ref made(xmlNsNamespaceMapCreate());
     xmlNsNamespaceMapSetMappingsVector(made.edit(), vec);
     EXPECT_EQ(Ref(xmlNsNamespaceMapMappingsVector(made)), vec);
@@ -58,13 +56,12 @@ TEST(NsNamespaceMap, OfMappingsWithOnePrefixTheFirstOfTwoOrTheLastOfMoreStays) {
 
 TEST(NsNamespaceMap, LookupsFindTheEarliestMapping) {
     Map made = map("=urn:x a=urn:x b=urn:x c=");
-    EXPECT_EQ(test::take(xmlNsNamespaceMapMappingForNamespace(made, str("urn:x"))), "=urn:x");
-    EXPECT_EQ(test::take(xmlNsNamespaceMapPrefixMappingForNamespace(made, str("urn:x"))),
-              "a=urn:x");
-    EXPECT_EQ(test::take(xmlNsNamespaceMapMappingForPrefix(made, str("c"))), "c=");
+    EXPECT_EQ(taken(xmlNsNamespaceMapMappingForNamespace(made, str("urn:x"))), "=urn:x");
+    EXPECT_EQ(taken(xmlNsNamespaceMapPrefixMappingForNamespace(made, str("urn:x"))), "a=urn:x");
+    EXPECT_EQ(taken(xmlNsNamespaceMapMappingForPrefix(made, str("c"))), "c=");
     xmlNsNamespaceMapDelMappingAt(made.edit(), 1);
     xmlNsNamespaceMapDelMappingAt(made.edit(), 0);
-    EXPECT_EQ(test::take(xmlNsNamespaceMapMappingForNamespace(made, str("urn:x"))), "b=urn:x");
+    EXPECT_EQ(taken(xmlNsNamespaceMapMappingForNamespace(made, str("urn:x"))), "b=urn:x");
     EXPECT_FALSE(xmlNsNamespaceMapHasMappingForDefault(made));
 }
 
@@ -73,19 +70,19 @@ TEST(NsNamespaceMap, ARecordHoldsTheMappingsInOrder) {
         Ref record(xmlNsNamespaceMapStore(map(text)));
         Ref array(voStoreStoreCstr(record, "mappings", -1));
         EXPECT_EQ(voStoreLength(array), std::count(text, text + strlen(text), '='));
-        EXPECT_EQ(test::text(Map(xmlNsNamespaceMapRestore(record))), text);
+        EXPECT_EQ(describe(Map(xmlNsNamespaceMapRestore(record))), text);
     }
 }
 
 TEST(NsNamespaceMap, RestoringTakesWhatItCanUse) {
     Ref record(voStoreCreate());
-    EXPECT_EQ(test::text(Map(xmlNsNamespaceMapRestore(record))), "");
+    EXPECT_EQ(describe(Map(xmlNsNamespaceMapRestore(record))), "");
     Ref entries(voStoreCreate()); // A keyed store, so that it can hold a value between records.
     voStoreSetStoreCstr(entries.edit(), "1", -1, Ref(xmlNsNamespaceMappingStore(mapping("p=a"))));
     voStoreSetValueCstr(entries.edit(), "2", -1, str("p=b"));
     voStoreSetStoreCstr(entries.edit(), "3", -1, Ref(xmlNsNamespaceMappingStore(mapping("p=c"))));
     voStoreSetStoreCstr(record.edit(), "mappings", -1, entries);
-    EXPECT_EQ(test::text(Map(xmlNsNamespaceMapRestore(record))), "p=a");
+    EXPECT_EQ(describe(Map(xmlNsNamespaceMapRestore(record))), "p=a");
 }
 
 /// What a map must do, step by step over a plain list. Mappings are numbers of `Pool`.
@@ -258,7 +255,7 @@ class NsNamespaceMapModel : public testing::Test {
 TEST_F(NsNamespaceMapModel, BehavesAsTheListUnderRandomChanges) {
     Map copy(xmlNsNamespaceMapCreate());
     Model copied;
-    for (int i = 0; i < 1000000 && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < 200000 && !HasFatalFailure(); ++i) {
         change();
         check(subject, model);
         if (below(8)) continue;
@@ -269,43 +266,9 @@ TEST_F(NsNamespaceMapModel, BehavesAsTheListUnderRandomChanges) {
     }
 }
 
-double secondsFor(int64_t n, const std::function<void(XML_NS_NAMESPACE_MAP **, int64_t)> &step) {
-    Map grown(xmlNsNamespaceMapCreate());
-    const double start = test::threadSeconds();
-    for (int64_t i = 0; i < n; ++i)
-        step(grown.edit(), i);
-    const double passed = test::threadSeconds() - start;
-    EXPECT_TRUE(xmlNsNamespaceMapHasMappingForPrefix(grown, str("p" + std::to_string(n / 2))));
-    return passed;
-}
-
-TEST(NsNamespaceMap, GrowsInTimeInProportionToItsLength) {
-    const std::function<void(XML_NS_NAMESPACE_MAP **, int64_t)> ways[] = {
-        [](auto m, int64_t i) {
-            const std::string n = std::to_string(i);
-            xmlNsNamespaceMapAppendMapping(m, mapping("p" + n + "=urn:" + n));
-        },
-        [](auto m, int64_t i) {
-            const std::string n = std::to_string(i);
-            xmlNsNamespaceMapSetMapping(m, mapping("p" + n + "=urn:x"));
-        },
-        [](auto m, int64_t i) {
-            const std::string n = std::to_string(i);
-            xmlNsNamespaceMapAppend(m, map("p" + n + "=urn:" + n));
-        },
-    };
-    for (auto &way : ways)
-        EXPECT_LT(secondsFor(50000, way), test::tenfold * secondsFor(5000, way));
-}
-
 TEST(NsNamespaceMapDeathTest, BrokenPreconditionsAbort) {
     const char *file = "source/xml/ns/xml_ns_namespace_map.cpp";
     Map made = map("p=a"), none;
-    EXPECT_ABORT(xmlNsNamespaceMapLength(nullptr), file, "map");
-    EXPECT_ABORT(xmlNsNamespaceMapAppendMapping(none.edit(), mapping("p=")), file, "*map");
-    EXPECT_ABORT(xmlNsNamespaceMapAppendMapping(made.edit(), nullptr), file, "mapping");
-    EXPECT_ABORT(xmlNsNamespaceMapInsert(made.edit(), 0, nullptr), file, "other");
-    EXPECT_ABORT(Ref restored(xmlNsNamespaceMapRestore(nullptr)), file, "store");
     Ref strings(voVectorCreate());
     voVectorAppendObj(strings.edit(), voStringObj(str("p=a")));
     EXPECT_ABORT(xmlNsNamespaceMapSetMappingsVector(made.edit(), strings), file,

@@ -1,5 +1,5 @@
 // What only the namespace layer has: names of two parts, and declarations on elements.
-#include "tests/xml/layers.hpp"
+#include "tests/xml/notation.hpp"
 
 using namespace test;
 
@@ -75,24 +75,13 @@ TYPED_TEST(NamespacedName, IsChecked) {
                  TypeParam::nameSetterCheck);
 }
 
-TEST(NamespacedAttributes, CheckNames) {
-    const char *file = "source/xml/ns/xml_ns_attributes.cpp";
-    auto list = Namespaced::attributes("a=1");
-    EXPECT_ABORT((void)xmlNsAttributesHasAttribute(list, str(":"), nullptr), file, localNameCheck);
-    EXPECT_ABORT(xmlNsAttributesDelAttribute(list.edit(), str("a"), str("")), file, optionalCheck);
+TEST(NamespacedAttribute, IsMadeWithAnEscapedText) {
+    EXPECT_EQ(taken(xmlNsAttributeCreateTextEscape(str("a"), str("u"), str("<"))), "@u:a=&lt;");
 }
 
-TEST(NamespacedElement, HasAnOptionalNamespaceMap) {
-    auto el = Namespaced::element("a");
-    EXPECT_FALSE(Ref(xmlNsElementNamespaceMap(el)));
-    Ref map(xmlNsNamespaceMapCreate());
-    Ref copy(xmlNsElementCreateFrom(el));
-    xmlNsElementSetNamespaceMap(copy.edit(), map);
-    EXPECT_EQ(Ref(xmlNsElementNamespaceMap(copy)), map);
-    EXPECT_EQ(xmlNsElementHasNamespaceMap(copy), 1);
-    EXPECT_EQ(xmlNsElementHasNamespaceMap(el), 0);
-    xmlNsElementDelNamespaceMap(copy.edit());
-    EXPECT_EQ(xmlNsElementHasNamespaceMap(copy), 0);
-    EXPECT_ABORT(xmlNsElementSetNamespaceMap(el.edit(), nullptr),
-                 "source/xml/ns/xml_ns_element.cpp", "map");
+TEST(NamespacedAttributes, CheckNames) {
+    const char *file = "source/xml/ns/xml_ns_attributes.cpp";
+    auto list = attributesOf<Namespaced>("@a=1");
+    EXPECT_ABORT((void)xmlNsAttributesHasAttribute(list, str(":"), nullptr), file, localNameCheck);
+    EXPECT_ABORT(xmlNsAttributesDelAttribute(list.edit(), str("a"), str("")), file, optionalCheck);
 }

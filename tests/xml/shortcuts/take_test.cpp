@@ -47,13 +47,13 @@ TYPED_TEST(Taking, AnEmptyTextStandsInThePlaceMeanwhile) {
     EXPECT_EQ(TypeParam::encode(document), "<!--c-->");
     Ref child(TypeParam::takeAt(root.edit(), 1));
     EXPECT_EQ(TypeParam::elementLength(root), 4);
-    EXPECT_EQ(describe(Ref(TypeParam::elementItems(root)).operator->()), "1  3 <d>");
+    EXPECT_EQ(describe(Ref(TypeParam::elementItems(root)).operator->()), "'1' '' '3' (d)");
     EXPECT_EQ(TypeParam::takeAt(root.edit(), 1), nullptr) << "taken already";
     EXPECT_EQ(TypeParam::takeAt(root.edit(), 0), nullptr) << "a text";
     Ref list(TypeParam::elementItems(root));
     EXPECT_EQ(TypeParam::takeFromItems(list.edit(), 1), nullptr);
-    EXPECT_EQ(describe(Ref(TypeParam::takeFromItems(list.edit(), 3)).operator->()), "<d>");
-    EXPECT_EQ(describe(list.operator->()), "1  3 ");
+    EXPECT_EQ(describe(Ref(TypeParam::takeFromItems(list.edit(), 3)).operator->()), "(d)");
+    EXPECT_EQ(describe(list.operator->()), "'1' '' '3' ''");
     EXPECT_EQ(TypeParam::findChild(root, 0, "d"), 3) << "the list was shared";
 }
 
