@@ -41,7 +41,7 @@ class Builder {
           document(xmlDocumentCreate()), items(xmlItemsCreate()) {
         VO_ASSERT(parser);
         const Piece counted = behindMark(text);
-        if (wanted.locations)
+        if (wanted.locations && source.isUtf8)
             locator.emplace(counted.begin, counted.end, xmlNewlines, optionalStart);
         if (optionalStart) xmlDocumentSetLocation(document.edit(), optionalStart);
         xmlDocumentSetCharset(document.edit(), source.charset);
@@ -82,6 +82,7 @@ class Builder {
         XML_SetProcessingInstructionHandler(to, handler<&Builder::processingInstruction>);
         XML_SetCommentHandler(to, handler<&Builder::comment>);
         XML_SetDefaultHandlerExpand(to, handler<&Builder::other>);
+        XML_SetParamEntityParsing(to, XML_PARAM_ENTITY_PARSING_ALWAYS); // those in the document
         XML_SetBillionLaughsAttackProtectionActivationThreshold(
             to, static_cast<unsigned long long>(options.mostExpanded));
         XML_SetBillionLaughsAttackProtectionMaximumAmplification(
@@ -140,29 +141,35 @@ class Builder {
         const int64_t tagPlace = place();
         Ref element(xmlElementCreate(nameString(name)));
         setLocation<xmlElementSetLocation>(element, tagPlace);
-        addAttributes(element, attributes, tagPlace);
+        if (*attributes)
+            xmlElementSetAttributes(element.edit(), attributeList(attributes, tagPlace));
         open.push_back(std::move(element));
     }
 
     /// Behind the attributes that the tag has come those that are defaulted. A tag in the text of
-    /// an entity is out of sight.
-    void addAttributes(Ref<XML_ELEMENT> &element, const char **attributes, int64_t tagPlace) {
+    /// an entity is out of sight: the place is that of the reference.
+    Ref<XML_ATTRIBUTES> attributeList(const char **attributes, int64_t tagPlace) {
         const int specified = XML_GetSpecifiedAttributeCount(parser.get());
-        const int tagLength = XML_GetCurrentByteCount(parser.get());
-        const bool isLookedAt = tagLength > 0 && (locator || hasDoctype);
-        TagReader tag({text.begin + tagPlace, text.begin + tagPlace + tagLength});
+        const uint8_t *begin = text.begin + tagPlace;
+        std::optional<TagReader> tag;
+        if (*begin == '<' && input.isUtf8 && (locator || hasDoctype))
+            tag.emplace(Piece{begin, text.end});
+        Ref vector(voVectorCreate());
         for (int i = 0; attributes[i]; i += 2) {
             std::optional<TagReader::Attribute> inTag;
             if (i >= specified)
                 countDefault(attributes[i], attributes[i + 1]);
-            else if (isLookedAt)
-                inTag = tag.next();
+            else if (tag)
+                inTag = tag->next();
             Ref attribute(xmlAttributeCreate(nameString(attributes[i])));
             xmlAttributeSetTextValue(attribute.edit(), value(attributes[i + 1], inTag));
             setLocation<xmlAttributeSetLocation>(attribute,
                                                  inTag ? inTag->name - text.begin : tagPlace);
-            xmlElementAppendAttribute(element.edit(), attribute);
+            voVectorAppendObj(vector.edit(), xmlAttributeObj(attribute));
         }
+        Ref list(xmlAttributesCreate());
+        xmlAttributesSetVector(list.edit(), vector);
+        return list;
     }
 
     /// Expat leaves references to entities that are not defined out of attribute values.

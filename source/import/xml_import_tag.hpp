@@ -18,8 +18,8 @@ class TagReader {
         std::string_view value; ///< Between the quotes.
     };
 
-    /// `tag` begins with the "<".
-    explicit TagReader(Piece tag) : at(skipName(tag.begin + 1, tag.end)), end(tag.end) {}
+    /// The text begins with the "<" of the tag.
+    explicit TagReader(Piece text) : at(skipName(text.begin + 1, text.end)), end(text.end) {}
 
     /// There must be one.
     Attribute next() {
