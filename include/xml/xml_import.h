@@ -1,6 +1,6 @@
 /** @file
  *  A way in for any XML 1.0 document, also for what xmlDocumentDecode() refuses. Part of the
- * library libvoxml-import, which reads with Expat; xml/xml.h leaves it out. */
+ *  library libvoxml-import, which reads with Expat; xml/xml.h leaves it out. */
 #ifndef XML_XML_IMPORT_H
 #define XML_XML_IMPORT_H
 
@@ -24,7 +24,7 @@ typedef struct XML_IMPORT_OPTIONS {
     int64_t mostAmplified;
 
     /** How many entities may refer to other entities, which is how deep such references can be
-     *  nested. Expat uses stack for each level, about 1 KB. Default: 500. */
+     *  nested. Expat uses stack for each level, about 1 KB. Default: 200. */
     int64_t mostNested;
 } XML_IMPORT_OPTIONS;
 

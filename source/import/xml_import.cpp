@@ -13,7 +13,7 @@ XML_IMPORT_OPTIONS withDefaults(const XML_IMPORT_OPTIONS *optional) {
     const XML_IMPORT_OPTIONS given = optional ? *optional : XML_IMPORT_OPTIONS{};
     auto orDefault = [](int64_t value, int64_t standard) { return value ? value : standard; };
     return {given.locations, orDefault(given.mostExpanded, 1 << 20),
-            orDefault(given.mostAmplified, 10), orDefault(given.mostNested, 500)};
+            orDefault(given.mostAmplified, 10), orDefault(given.mostNested, 200)};
 }
 
 Ref<voParserLocation> locate(const xml::ImportInput &input, int64_t place,
@@ -37,9 +37,18 @@ XML_DOCUMENT *xmlDocumentTryImport(voBuffer *xml, const XML_IMPORT_OPTIONS *opti
                                    voParserLocation *optionalLocation, XML_IMPORT_ERROR *error) {
     VO_ASSERT(xml);
     VO_ASSERT(error);
-    const xml::ImportInput input = xml::readImportInput(xml);
-    xml::ImportResult result =
-        xml::buildImported(input, withDefaults(optionalOptions), optionalLocation);
-    if (!result.document) *error = describe(input, result, optionalLocation);
-    return result.document.take();
+    const XML_IMPORT_OPTIONS options = withDefaults(optionalOptions);
+    xml::ImportInput input = xml::readImportInput(xml);
+    xml::ImportResult result = xml::buildImported(input, options, optionalLocation);
+    if (result.document) return result.document.take();
+    if (input.isUtf8 && input.isKnownToExpat()) {
+        // In the original Expat may find other faults and places, but it lets lone surrogates pass.
+        xml::ImportInput original = input.unconverted();
+        if (auto found = xml::buildImported(original, options, optionalLocation); !found.document) {
+            input = std::move(original);
+            result = std::move(found);
+        }
+    }
+    *error = describe(input, result, optionalLocation);
+    return nullptr;
 }

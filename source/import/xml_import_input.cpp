@@ -85,14 +85,8 @@ std::optional<voCharset> charsetOf(voBuffer *xml, const Form &form) {
     return fits ? std::optional(named) : std::nullopt;
 }
 
-/// Whether Expat by itself finds what is ill-formed in the character set.
-bool isKnownToExpat(voCharset charset) {
-    return charset == VO_CHARSET_US_ASCII || charset == VO_CHARSET_UTF_16BE ||
-           charset == VO_CHARSET_UTF_16LE;
-}
-
-/// The text of an ill-formed document up to where it is that; the byte that follows is none of
-/// UTF-8, so that Expat refuses it there.
+/// The text of an ill-formed document up to where it is that, or to a replacement character of its
+/// own. The byte that follows is none of UTF-8, so that Expat refuses it there.
 Ref<voBuffer> textToRefuse(voBuffer *sniffed) {
     const std::string_view text = pieceOf(sniffed).bytes();
     Bytes refused(text.substr(0, text.find(replacementChar)));
@@ -125,13 +119,34 @@ ImportInput readImportInput(voBuffer *xml) {
         input.original = part(xml, input.skipped, voBufferLength(xml));
     }
     Ref text(voCharsetTryConvertBufferToUtf8WithFlags(input.bytesIn, input.original, 0));
-    if (!text && !isKnownToExpat(input.bytesIn))
-        if (Ref sniffed = sniff(input.bytesIn, input.original)) text = textToRefuse(sniffed);
     if (text)
         input.read = std::move(text);
     else
-        input.isUtf8 = false;
+        input.endWhereIllFormed();
     return input;
+}
+
+void ImportInput::endWhereIllFormed() {
+    Ref sniffed = sniff(bytesIn, original);
+    isUtf8 = sniffed;
+    if (sniffed)
+        read = textToRefuse(sniffed);
+    else // The system lacks the converter. Expat, which does too, refuses the name.
+        bytesIn = VO_CHARSET_UTF_8;
+}
+
+bool ImportInput::isKnownToExpat() const {
+    return bytesIn == VO_CHARSET_US_ASCII || bytesIn == VO_CHARSET_ISO_8859_1 ||
+           bytesIn == VO_CHARSET_UTF_16BE || bytesIn == VO_CHARSET_UTF_16LE;
+}
+
+ImportInput ImportInput::unconverted() const {
+    return {charset,
+            bytesIn,
+            Ref(vo::retained<voBuffer>(original)),
+            skipped,
+            Ref(vo::retained<voBuffer>(original)),
+            false};
 }
 
 Ref<voBuffer> ImportInput::textBefore(int64_t place) const {
@@ -141,9 +156,13 @@ Ref<voBuffer> ImportInput::textBefore(int64_t place) const {
 }
 
 int64_t ImportInput::originalPlace(int64_t place) const {
-    if (!isUtf8 || bytesIn == VO_CHARSET_UTF_8) return place;
+    if (!isUtf8 || bytesIn == VO_CHARSET_UTF_8) return skipped + place;
     const int64_t chars = countChars(textBefore(place));
-    int64_t low = 0, high = voBufferLength(original);
+    const bool hasMark = behindMark(text()).begin != text().begin;
+    int64_t low = !hasMark                      ? 0
+                  : bytesIn < VO_CHARSET_UTF_32 ? 2
+                                                : 4,
+            high = voBufferLength(original);
     while (low < high) { // The shortest part of the original that has so many characters.
         const int64_t middle = low + (high - low) / 2;
         if (countChars(sniff(bytesIn, part(original, 0, middle))) < chars)

@@ -14,14 +14,24 @@ struct ImportInput {
     int64_t skipped = 0;        ///< which takes so many bytes.
     vo::Ref<voBuffer> read;     ///< What Expat reads.
 
-    /// Whether `read` is meant to be UTF-8. Else it is the original, whose encoding Expat will find
-    /// something wrong with.
+    /// Whether `read` is meant to be UTF-8. Else it is the original, and Expat finds out what is
+    /// wrong in it or with the name of its character set.
     bool isUtf8 = true;
 
     Piece text() const {
         const uint8_t *begin = voBufferBacking(read);
         return {begin, begin + voBufferLength(read)};
     }
+
+    /// Whether Expat can read a character set other than UTF-8 by itself.
+    bool isKnownToExpat() const;
+
+    /// The same with the original to be read.
+    ImportInput unconverted() const;
+
+    /// Makes `read` the text up to where the original is ill-formed, so that Expat refuses it
+    /// there.
+    void endWhereIllFormed();
 
     /// The text in front of a place in `read`, as UTF-8.
     vo::Ref<voBuffer> textBefore(int64_t place) const;
