@@ -1,5 +1,6 @@
-# Installs the components `runtime` (the shared libraries), `tool`, and `devel`: headers, static
-# libraries, the CMake package `voxml`, the pkg-config files and the examples.
+# Installs the components `runtime` (the shared libraries), `tool`, `import` (the importer with all
+# that belongs to it but its header), and `devel`: headers, static libraries, the CMake package
+# `voxml`, the pkg-config files and the examples.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -24,25 +25,41 @@ install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR}
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
   COMPONENT devel PATTERN CMakeLists.txt EXCLUDE)
 
-install(EXPORT voxml FILE voxml-config.cmake NAMESPACE voxml:: DESTINATION ${package_dir}
+install(EXPORT voxml FILE voxml-libraries.cmake NAMESPACE voxml:: DESTINATION ${package_dir}
   COMPONENT devel)
+configure_file(cmake/voxml-config.cmake.in voxml-config.cmake @ONLY)
 write_basic_package_version_file(voxml-config-version.cmake COMPATIBILITY SameMajorVersion)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/voxml-config-version.cmake DESTINATION ${package_dir}
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/voxml-config.cmake
+  ${CMAKE_CURRENT_BINARY_DIR}/voxml-config-version.cmake DESTINATION ${package_dir}
   COMPONENT devel)
 
 # pkg-config files. A static library leaves its need of the C++ library to whoever links it.
 file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-function(voxml_pkgconfig name description requires)
+function(voxml_pkgconfig name component description requires)
   set(libs -l${name})
   if(NOT BUILD_SHARED_LIBS)
     string(APPEND libs " -lstdc++")
   endif()
   configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${name}.pc @ONLY)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${name}.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT devel)
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT ${component})
 endfunction()
-voxml_pkgconfig(vo "Base runtime of voxml: counted objects, strings, containers, charsets" "")
-voxml_pkgconfig(voxml "${PROJECT_DESCRIPTION}" "vo = ${PROJECT_VERSION}")
+voxml_pkgconfig(vo devel "Base runtime of voxml: counted objects, strings, containers, charsets" "")
+voxml_pkgconfig(voxml devel "${PROJECT_DESCRIPTION}" "vo = ${PROJECT_VERSION}")
+
+if(TARGET voxml_import)
+  set_target_properties(voxml_import PROPERTIES INSTALL_RPATH "$ORIGIN")
+  install(TARGETS voxml_import EXPORT voxml-import
+    LIBRARY COMPONENT import NAMELINK_COMPONENT import
+    ARCHIVE COMPONENT import)
+  install(EXPORT voxml-import NAMESPACE voxml:: DESTINATION ${package_dir} COMPONENT import)
+  set(import_requires "voxml = ${PROJECT_VERSION}")
+  if(NOT BUILD_SHARED_LIBS)
+    string(APPEND import_requires ", expat")
+  endif()
+  voxml_pkgconfig(voxml-import import "Reads any XML document into the trees of voxml"
+    "${import_requires}")
+endif()
 
 if(PROJECT_IS_TOP_LEVEL)
   add_custom_target(uninstall COMMENT "Removing what was installed last"

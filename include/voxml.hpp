@@ -28,6 +28,7 @@
 
 #include "vo/vo.h"
 #include "xml/xml.h"
+#include "xml/xml_import.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -102,6 +103,7 @@ enum class errc {
 
     charset_too_small, ///< The document's character set lacks a character of the text.
     file,              ///< The system refuses a file; see failure::system_error().
+    not_well_formed,   ///< import_document() refuses the text.
 };
 
 /** The kinds of node. */
@@ -2310,6 +2312,37 @@ using view = basic_view<detail::ns_layer>;
 using views = basic_views<detail::ns_layer>;
 using attr = basic_attr<qname_arg>;
 } // namespace ns
+
+// ---------------------------------------------------------------- import
+
+/** How to import; see xml/xml_import.h, where 0 stands for a default as here. */
+struct import_options {
+    bool locations = false;    ///< Gives every node its location; failures have one anyway.
+    std::string_view source{}; ///< The name of the text in locations and failures.
+    std::int64_t most_expanded = 0, most_amplified = 0, most_nested = 0;
+};
+
+/** Reads any well-formed XML 1.0 document as xmlDocumentTryImport() does, for programs that link
+ *  voxml::import too. document::resolve() gives the tree with namespaces. */
+inline result<document> import_document(const buffer &xml, const import_options &wanted = {}) {
+    const auto start = detail::beginning(wanted.source);
+    const XML_IMPORT_OPTIONS options = {wanted.locations, wanted.most_expanded,
+                                        wanted.most_amplified, wanted.most_nested};
+    XML_IMPORT_ERROR error;
+    if (auto *doc = xmlDocumentTryImport(xml.get(), &options, start ? start->get() : nullptr,
+                                         &error))
+        return document(adopt, doc);
+    const handle<voMessage> message(adopt, error.message);
+    failure::details known;
+    known.message = detail::utf8_of(voMessageText(message.get()));
+    known.where = detail::location_of(voMessageLocation(message.get()));
+    known.source = std::string(wanted.source);
+    known.byte_offset = error.byteOffset;
+    return failure(errc::not_well_formed, std::move(known));
+}
+inline result<document> import_document(std::string_view xml, const import_options &wanted = {}) {
+    return import_document(buffer(xml), wanted);
+}
 
 } // namespace voxml
 

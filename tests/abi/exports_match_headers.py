@@ -1,6 +1,6 @@
 """A shared library shows exactly the functions that its public headers declare.
 
-Usage: exports_match_headers.py C_COMPILER vo|xml LIBRARY.so
+Usage: exports_match_headers.py C_COMPILER vo|xml|import LIBRARY.so
 """
 import subprocess
 import sys

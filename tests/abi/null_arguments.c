@@ -4,6 +4,7 @@
 #define _POSIX_C_SOURCE 200809L
 #include "vo/vo.h"
 #include "xml/xml.h"
+#include "xml/xml_import.h"
 
 #include <setjmp.h>
 #include <signal.h>
@@ -79,6 +80,8 @@ static XML_NS_NAMESPACE_MAP *map(void) {
 #define NEW_XML_DECODE_RESULT xmlDecodeResultCreate(xmlDocumentCreate())
 #define NEW_XML_DOCUMENT xmlDocumentCreate()
 #define NEW_XML_ELEMENT element()
+#define NEW_XML_IMPORT_ERROR ((XML_IMPORT_ERROR[1]){{0}})
+#define NEW_XML_IMPORT_OPTIONS ((XML_IMPORT_OPTIONS[1]){{0}})
 #define NEW_XML_ITEM xmlItemCreateElement(element())
 #define NEW_XML_ITEMS xmlElementItems(element())
 #define NEW_XML_NS_ATTRIBUTE xmlNsAttributeCreate(str("a"), NULL)

@@ -85,7 +85,8 @@ def calls(function, parameters):
 
 
 compiler, *libraries = sys.argv[1:]
-functions = declared_functions("vo", compiler) | declared_functions("xml", compiler)
+functions = {name: parameters for library in ("vo", "xml", "import")
+             for name, parameters in declared_functions(library, compiler).items()}
 cases = [case for function, parameters in sorted(functions.items())
          if "___" not in function for case in calls(function, parameters)]
 with tempfile.TemporaryDirectory() as scratch:
