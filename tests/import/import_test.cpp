@@ -19,10 +19,10 @@ std::string written(std::string_view bytes, const XML_IMPORT_OPTIONS &options = 
 /// The items alone, as UTF-8.
 std::string items(std::string_view bytes) {
     auto imported = test::import(bytes);
-    return imported.document ? test::encodeItemsAsUtf8(imported.document) : imported.message;
+    return imported.document ? test::xmlOf(imported.document) : imported.message;
 }
 
-TEST(Import, what_is_written_reads_as_the_same_tree_elsewhere) {
+TEST(Import, WhatIsWrittenReadsAsTheSameTreeElsewhere) {
     for (const std::string &document : documentsForImport) {
         SCOPED_TRACE(document);
         const std::string expected = test::c14n(document);
@@ -32,7 +32,7 @@ TEST(Import, what_is_written_reads_as_the_same_tree_elsewhere) {
     }
 }
 
-TEST(Import, nodes_are_kept_and_references_resolved) {
+TEST(Import, NodesAreKeptAndReferencesResolved) {
     const struct {
         std::string document, items;
     } rows[] = {
@@ -54,7 +54,7 @@ TEST(Import, nodes_are_kept_and_references_resolved) {
 }
 
 /// Refused as by Expat, whose verdict is about the same bytes.
-TEST(Import, refusals_are_those_of_expat) {
+TEST(Import, RefusalsAreThoseOfExpat) {
     const std::string refused[] = {
         "",
         "  ",
@@ -86,7 +86,7 @@ TEST(Import, refusals_are_those_of_expat) {
 }
 
 /// In a character set that Expat does not know.
-TEST(Import, refusals_have_their_place_in_any_character_set) {
+TEST(Import, RefusalsHaveTheirPlaceInAnyCharacterSet) {
     const std::string head = "<?xml version='1.0' encoding='Shift_JIS'?>\n"; // 43 bytes
     EXPECT_EQ(test::import(head + "<a>\x82\xA0</b>").refusal,
               (test::Refusal{XML_ERROR_TAG_MISMATCH, 2, 7, 43 + 7}));
@@ -94,7 +94,7 @@ TEST(Import, refusals_have_their_place_in_any_character_set) {
               (test::Refusal{XML_ERROR_INVALID_TOKEN, 2, 5, 43 + 5}));
 }
 
-TEST(Import, every_character_set_is_read_and_kept) {
+TEST(Import, EveryCharacterSetIsReadAndKept) {
     for (voCharset charset = 0; VO_CHARSET_OK(charset); ++charset) {
         const std::string name = test::take(voCharsetToIanaName(charset));
         SCOPED_TRACE(name);
@@ -136,7 +136,7 @@ std::string places(XML_DOCUMENT *document) {
     Ref list(xmlItemsCreate());
     xmlItemsAppendItemElement(list.edit(), root);
     xmlDocumentSetItems(inner.edit(), list);
-    test::visitItems(inner, [&](XML_ITEM *item) {
+    test::visitItems<test::Plain>(Ref(xmlDocumentItems(inner)), [&](XML_ITEM *item) {
         if (Ref text(xmlItemText(item)); text) add(xmlTextLocation(text));
         if (Ref cdata(xmlItemCdata(item)); cdata) add(xmlCdataLocation(cdata));
         if (Ref comment(xmlItemComment(item)); comment) add(xmlCommentLocation(comment));
@@ -151,7 +151,7 @@ std::string places(XML_DOCUMENT *document) {
     return all;
 }
 
-TEST(Import, places_are_those_of_the_original) {
+TEST(Import, PlacesAreThoseOfTheOriginal) {
     const std::string document =
         "<?xml version='1.0' encoding='UTF-8'?>\r\n<a  b = 'x\r\ny' c\n=\"'\" >\r\xC3\xA9&lt;z\n"
         "<b/><!--c--><![CDATA[\n]]>t<?p q?>\xE2\x80\xA8 <\xC3\xA9 d='&#9;'/>\n</a>";
@@ -191,7 +191,7 @@ std::string repeat(std::string_view text, int times) {
     return out;
 }
 
-TEST(Import, documents_that_grow_are_refused_soon) {
+TEST(Import, DocumentsThatGrowAreRefusedSoon) {
     const std::string long_(50'000, 'x');
     const std::string bombs[] = {
         nest(10, 10, "lol") + "]><a>&e10;</a>",
@@ -211,7 +211,7 @@ TEST(Import, documents_that_grow_are_refused_soon) {
     EXPECT_LT(seconds, TEST_SANITIZED ? 20 : 1);
 }
 
-TEST(Import, limits_can_be_moved) {
+TEST(Import, LimitsCanBeMoved) {
     const std::string text = nest(2, 10, "0123456789") + "]><a>&e2;&e2;</a>";
     EXPECT_TRUE(test::import(text).document);
     EXPECT_FALSE(test::import(text, {0, 1000, 2, 0}).document);
@@ -219,7 +219,7 @@ TEST(Import, limits_can_be_moved) {
     EXPECT_FALSE(test::import(text, {0, 0, 0, 1}).document);
 }
 
-TEST(Import, depth_and_nested_references_take_little_stack) {
+TEST(Import, DepthAndNestedReferencesTakeLittleStack) {
     test::onSmallStack([] {
         const std::string deep = repeat("<a>", 100'000) + repeat("</a>", 100'000);
         EXPECT_TRUE(test::import(deep).document);
@@ -228,7 +228,7 @@ TEST(Import, depth_and_nested_references_take_little_stack) {
     });
 }
 
-TEST(Import, many_attributes_take_little_time) {
+TEST(Import, ManyAttributesTakeLittleTime) {
     std::string text = "<a";
     for (int i = 0; i < 100'000; ++i)
         text += " b" + std::to_string(i) + "=''";
@@ -237,7 +237,7 @@ TEST(Import, many_attributes_take_little_time) {
     EXPECT_LT(test::threadSeconds() - start, TEST_SANITIZED ? 20 : 2);
 }
 
-TEST(Import, conformance_files_are_accepted_and_refused_as_by_others) {
+TEST(Import, ConformanceFilesAreAcceptedAndRefusedAsByOthers) {
     const fs::path folder = VOXML_CONFORMANCE;
     if (!fs::exists(folder)) GTEST_SKIP() << "skipped: no " << folder;
     int compared = 0;

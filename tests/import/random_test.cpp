@@ -41,7 +41,7 @@ void check(const std::string &text) {
 }
 
 /// VOXML_TEXTS tells how many, VOXML_CORPUS a folder with further documents to start from.
-TEST(Import, changed_documents_are_accepted_and_refused_as_by_expat) {
+TEST(Import, ChangedDocumentsAreAcceptedAndRefusedAsByExpat) {
     const char *count = std::getenv("VOXML_TEXTS");
     std::vector<std::string> texts = seeds();
     test::Mutator mutator(7);

@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(Import, documents_and_failures_come_as_results) {
+TEST(Import, DocumentsAndFailuresComeAsResults) {
     auto doc = voxml::import_document("<!DOCTYPE a [<!ENTITY e 'f'>]><a>&e;&#33;</a>");
     ASSERT_TRUE(doc);
     EXPECT_EQ(doc->root()->text(), "f!");
