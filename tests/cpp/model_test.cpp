@@ -130,7 +130,7 @@ template <class Layer> class RandomEdits {
 
 LAYER_TEST_SUITE(Edits);
 
-TYPED_TEST(Edits, at_random_equal_a_plain_model) {
+TYPED_TEST(Edits, AtRandomEqualAPlainModel) {
     for (unsigned seed = 1; seed <= 8; ++seed) {
         RandomEdits<TypeParam> edits(seed);
         for (int i = 0; i < 300; ++i) {
@@ -161,7 +161,7 @@ template <class Layer> double secondsForEdits(int64_t edits) {
     return best;
 }
 
-TYPED_TEST(Edits, below_one_root_are_linear_in_their_number) {
+TYPED_TEST(Edits, BelowOneRootAreLinearInTheirNumber) {
     EXPECT_LT(secondsForEdits<TypeParam>(200000),
               secondsForEdits<TypeParam>(20000) * test::tenfold);
 }

@@ -20,7 +20,7 @@ namespace {
 
 LAYER_TEST_SUITE(Values);
 
-TYPED_TEST(Values, are_built_in_one_expression) {
+TYPED_TEST(Values, AreBuiltInOneExpression) {
     using element = typename TypeParam::element;
     using attr = typename TypeParam::attr;
     const std::vector<std::string> texts = {"a<b", "c"};
@@ -31,7 +31,7 @@ TYPED_TEST(Values, are_built_in_one_expression) {
                           "<![CDATA[<]]><?p i?>t</menu>");
 }
 
-TYPED_TEST(Values, share_until_one_of_them_changes) {
+TYPED_TEST(Values, ShareUntilOneOfThemChanges) {
     auto doc = decoded<TypeParam>("<a><b x='1'/><b/></a>");
     const auto before = doc;
     EXPECT_TRUE(
@@ -47,7 +47,7 @@ TYPED_TEST(Values, share_until_one_of_them_changes) {
     EXPECT_EQ(xml(before), "<a><b x=\"1\"/><b/></a>");
 }
 
-TYPED_TEST(Values, are_put_back_when_an_edit_fails_or_throws) {
+TYPED_TEST(Values, ArePutBackWhenAnEditFailsOrThrows) {
     auto doc = decoded<TypeParam>("<a><b/></a>");
     const auto refused = doc.edit_root([](auto &root) {
         auto done = root.edit_child("b", [](auto &b) { return b.set_name("-"); });
@@ -58,7 +58,7 @@ TYPED_TEST(Values, are_put_back_when_an_edit_fails_or_throws) {
     EXPECT_EQ(xml(doc), "<a><b/></a>");
 }
 
-TYPED_TEST(Values, count_the_edits_that_did_what_they_were_called_for) {
+TYPED_TEST(Values, CountTheEditsThatDidWhatTheyWereCalledFor) {
     auto doc = decoded<TypeParam>("<a><b><c/></b><b/>t<b><c/><c/></b></a>");
     const auto add = [](auto &c) { return c.append("1"); };
     doc.edit_root([&](auto &root) {
@@ -71,7 +71,7 @@ TYPED_TEST(Values, count_the_edits_that_did_what_they_were_called_for) {
     EXPECT_EQ(xml(doc), "<a>?</a>");
 }
 
-TYPED_TEST(Values, are_changed_at_any_depth_in_document_order) {
+TYPED_TEST(Values, AreChangedAtAnyDepthInDocumentOrder) {
     auto doc = decoded<TypeParam>("<a><b><c/>t</b><d><e><f/></e></d></a>");
     const auto before = doc;
     std::string order;
@@ -100,7 +100,7 @@ TYPED_TEST(Values, are_changed_at_any_depth_in_document_order) {
     EXPECT_EQ(xml(root), "<A1><A1><A1/>t</A1><g><A1><f/></A1></g></A1>");
 }
 
-TYPED_TEST(Values, have_attributes_that_are_renamed_in_their_place) {
+TYPED_TEST(Values, HaveAttributesThatAreRenamedInTheirPlace) {
     auto root = *decoded<TypeParam>("<a x='1' y='2' z='3'/>").root();
     auto attributes = root.attributes();
     auto renamed = attributes[1];
@@ -111,7 +111,7 @@ TYPED_TEST(Values, have_attributes_that_are_renamed_in_their_place) {
     EXPECT_EQ(renamed.set_name("-").error().code(), errc::bad_name);
 }
 
-TYPED_TEST(Values, take_their_own_strings_as_parameters) {
+TYPED_TEST(Values, TakeTheirOwnStringsAsParameters) {
     using element = typename TypeParam::element;
     using attr = typename TypeParam::attr;
     const auto from = decoded<TypeParam>("<l\u00E9 x='&lt;'>&amp;</l\u00E9>");
@@ -131,7 +131,7 @@ TYPED_TEST(Values, take_their_own_strings_as_parameters) {
     EXPECT_EQ(found, 1u);
 }
 
-TYPED_TEST(Values, lose_nothing_when_edits_meet) {
+TYPED_TEST(Values, LoseNothingWhenEditsMeet) {
     auto doc = decoded<TypeParam>("<a><b/><c/></a>");
     doc.edit_root([&](auto &root) {
         EXPECT_FALSE(doc.edit_root([](auto &) { ADD_FAILURE(); }));
@@ -148,7 +148,7 @@ TYPED_TEST(Values, lose_nothing_when_edits_meet) {
                  "given items while its root was edited");
 }
 
-TYPED_TEST(Values, refuse_what_a_tree_cannot_hold) {
+TYPED_TEST(Values, RefuseWhatATreeCannotHold) {
     using element = typename TypeParam::element;
     using attr = typename TypeParam::attr;
     auto el = element::make("a", attr{"x", "1"}).value();
@@ -168,7 +168,7 @@ TYPED_TEST(Values, refuse_what_a_tree_cannot_hold) {
     EXPECT_EQ(xml(el), "<a x=\"1\"/>");
 }
 
-TYPED_TEST(Values, are_read_alike_as_objects_and_through_views) {
+TYPED_TEST(Values, AreReadAlikeAsObjectsAndThroughViews) {
     auto doc = decoded<TypeParam>("<a x='&lt;1' y='&unknown;'><b>t<!--c--><![CDATA[&]]><i>&gt;</i>"
                                   "</b><c/><b/>&unknown;</a>");
     const auto check = [](const auto &root) {
@@ -193,7 +193,7 @@ TYPED_TEST(Values, are_read_alike_as_objects_and_through_views) {
     check(*doc.view().root());
 }
 
-TYPED_TEST(Values, tell_where_they_were_found) {
+TYPED_TEST(Values, TellWhereTheyWereFound) {
     const auto doc = TypeParam::document::decode(declaration + "\n<a>\n <b/></a>",
                                                  {.locations = true, .source = "f.xml"})
                          .value();
@@ -204,7 +204,7 @@ TYPED_TEST(Values, tell_where_they_were_found) {
     EXPECT_FALSE(decoded<TypeParam>("<a/>").root()->location());
 }
 
-TEST(Namespaces, give_names_as_pairs) {
+TEST(Namespaces, GiveNamesAsPairs) {
     const auto doc = decoded<Namespaced>("<a xmlns='u' xmlns:p='v' p:x='1' x='2'><p:b/></a>");
     const auto check = [](const auto &root) {
         EXPECT_TRUE((root.name() == voxml::qname{"u", "a"}));
@@ -228,7 +228,7 @@ TEST(Namespaces, give_names_as_pairs) {
               xml(voxml::ns::element::make(odd).value()));
 }
 
-TEST(Strings, compare_print_and_hash_as_their_text) {
+TEST(Strings, ComparePrintAndHashAsTheirText) {
     const std::string utf8 = "a\u00E9\u20AC\U0001F600";
     const auto made = voxml::element::make("n", utf8).value();
     const voxml::string string = *made.text();
@@ -247,7 +247,7 @@ TEST(Strings, compare_print_and_hash_as_their_text) {
               "\uFFFD");
 }
 
-TEST(Views, keep_their_strings_and_do_not_disturb_each_other) {
+TEST(Views, KeepTheirStringsAndDoNotDisturbEachOther) {
     const auto doc = decoded<Plain>("<a x='&lt;' y='&gt;'><b z='&amp;'>1</b><b>2</b></a>");
     const auto root = *doc.view().root();
     const auto x = *root.attribute("x"), y = *root.attribute("y");
@@ -261,7 +261,7 @@ TEST(Views, keep_their_strings_and_do_not_disturb_each_other) {
     EXPECT_EQ(std::string(x) + std::string(y), "<>");
 }
 
-TYPED_TEST(Values, are_seen_at_any_depth_through_views) {
+TYPED_TEST(Values, AreSeenAtAnyDepthThroughViews) {
     const auto doc = decoded<TypeParam>("<a><b><c/>t<a><c/></a></b><c><!--c--></c></a><c/>");
     const auto names = [](auto range) {
         std::string all;
@@ -281,7 +281,7 @@ TYPED_TEST(Values, are_seen_at_any_depth_through_views) {
     EXPECT_EQ(names(doc.view().root()->child("c")->descendants()), "");
 }
 
-TEST(Views, stay_small_however_deep_linear) {
+TEST(Views, StaySmallHoweverDeepLinear) {
     const auto seconds = [](size_t depth) {
         std::string text = declaration;
         for (size_t i = 0; i < depth; ++i)
@@ -305,7 +305,7 @@ struct Refusal {
     int64_t line, column, byte;
 };
 
-TEST(Failures, say_what_is_wrong_and_where) {
+TEST(Failures, SayWhatIsWrongAndWhere) {
     for (const Refusal &row : {Refusal{"\n<a>\n</b>", errc::tag_mismatch, 3, 1, 43},
                                Refusal{"<a x='\u20AC'>&</a>", errc::text, 1, 48, 49},
                                Refusal{"<!DOCTYPE a>", errc::doctype, 1, 39, 38},
@@ -329,7 +329,7 @@ TEST(Failures, say_what_is_wrong_and_where) {
     EXPECT_FALSE(voxml::document::decode("").error().where());
 }
 
-TEST(Files, are_read_and_written_whole_or_not_at_all) {
+TEST(Files, AreReadAndWrittenWholeOrNotAtAll) {
     const std::string path = testing::TempDir() + "voxml_cpp_test.xml";
     auto doc = decoded<Plain>("<a>\u00E9</a>");
     ASSERT_TRUE(doc.encode_file(path));
@@ -353,7 +353,7 @@ TEST(Files, are_read_and_written_whole_or_not_at_all) {
     std::remove(odd.c_str());
 }
 
-TEST(Threads, derive_trees_from_one_and_read_it) {
+TEST(Threads, DeriveTreesFromOneAndReadIt) {
     const auto doc = decoded<Plain>("<a><b/><b/></a>");
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i)

@@ -132,9 +132,11 @@ std::string places(XML_DOCUMENT *document) {
     };
     Ref root(xmlDocumentRoot(document));
     if (!root) return all;
+    Ref inner(xmlDocumentCreate());
     Ref list(xmlItemsCreate());
     xmlItemsAppendItemElement(list.edit(), root);
-    test::visitItems<test::Plain>(std::move(list), [&](XML_ITEM *item) {
+    xmlDocumentSetItems(inner.edit(), list);
+    test::visitItems<test::Plain>(Ref(xmlDocumentItems(inner)), [&](XML_ITEM *item) {
         if (Ref text(xmlItemText(item)); text) add(xmlTextLocation(text));
         if (Ref cdata(xmlItemCdata(item)); cdata) add(xmlCdataLocation(cdata));
         if (Ref comment(xmlItemComment(item)); comment) add(xmlCommentLocation(comment));

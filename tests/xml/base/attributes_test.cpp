@@ -33,6 +33,7 @@ TEST(PlainAttribute, ChecksItsName) {
     const char *file = "source/xml/base/xml_attribute.cpp", *check = "xmlValueNameOk( name )";
     Ref attr(xmlAttributeCreate(str("xmlns:p")));
     EXPECT_EQ(describe(attr.operator->()), "@xmlns:p=");
+    EXPECT_EQ(taken(xmlAttributeCreateText(str("a"), textNode("1"))), "@a=1");
     EXPECT_EQ(taken(xmlAttributeCreateTextEscape(str("a"), str("<"))), "@a=&lt;");
     EXPECT_ABORT(xmlAttributeSetName(attr.edit(), str("1a")), file, check);
     EXPECT_ABORT((void)Ref(xmlAttributeCreate(str(""))), file, check);

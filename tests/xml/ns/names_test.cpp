@@ -75,7 +75,8 @@ TYPED_TEST(NamespacedName, IsChecked) {
                  TypeParam::nameSetterCheck);
 }
 
-TEST(NamespacedAttribute, IsMadeWithAnEscapedText) {
+TEST(NamespacedAttribute, IsMadeWithAText) {
+    EXPECT_EQ(taken(xmlNsAttributeCreateText(str("a"), nullptr, textNode("1"))), "@a=1");
     EXPECT_EQ(taken(xmlNsAttributeCreateTextEscape(str("a"), str("u"), str("<"))), "@u:a=&lt;");
 }
 

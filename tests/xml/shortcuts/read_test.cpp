@@ -96,6 +96,15 @@ TEST(ShortReading, ANamespaceIsPartOfTheName) {
     }
 }
 
+TEST(ShortReading, ANameOfALengthMayBePartOfALongerOne) {
+    auto document = documentOf<PlainShort>("<r><ab/><a/></r>");
+    Ref root(xmlDocumentRoot(document));
+    EXPECT_EQ(xmlElementFindChildUtf8(root, 0, "ab", 1), 1);
+    EXPECT_EQ(xmlElementFindChildUtf8(root, 0, "ab", -1), 0);
+    Ref resolved(xmlNsDocumentRoot(NamespacedShort::of(std::move(document))));
+    EXPECT_EQ(xmlNsElementFindChildUtf8(resolved, 0, "ab", 1, nullptr, 0), 1);
+}
+
 TYPED_TEST(ShortReading, ContentIsAllTextBelowInDocumentOrder) {
     const struct {
         const char *items, *content;
