@@ -2329,8 +2329,8 @@ inline result<document> import_document(const buffer &xml, const import_options 
     const XML_IMPORT_OPTIONS options = {wanted.locations, wanted.most_expanded,
                                         wanted.most_amplified, wanted.most_nested};
     XML_IMPORT_ERROR error;
-    if (auto *doc = xmlDocumentTryImport(xml.get(), &options, start ? start->get() : nullptr,
-                                         &error))
+    if (auto *doc =
+            xmlDocumentTryImport(xml.get(), &options, start ? start->get() : nullptr, &error))
         return document(adopt, doc);
     const handle<voMessage> message(adopt, error.message);
     failure::details known;
