@@ -5,6 +5,8 @@
 #include "source/xml/base/xml_skip.hpp"
 #include "source/xml/hint/xml_refused.hpp"
 #include "source/xml/outline/xml_outline_builder.hpp"
+#include "xml/xml_document_decode.h"
+#include "xml/xml_ns_document_decode.h"
 #include "xml/xml_options.h"
 
 #include <algorithm>
@@ -50,8 +52,12 @@ Text lowered(std::string_view ascii) {
     return lower;
 }
 
-Text lineAndColumn(int64_t line, int64_t column) {
-    return "line " + number(line) + ", column " + number(column);
+/// Where `at` is, as the decoder counts unless it is told otherwise.
+Text lineAndColumn(Piece text, const uint8_t *at) {
+    Ref options(xmlOptionsCreate());
+    Locator locator(text.begin, text.end, xmlOptionsDecodeNlfFlags(options), nullptr);
+    const vo::Place place = locator.placeOf(at);
+    return "line " + number(place.line) + ", column " + number(place.column);
 }
 
 // ---------------------------------------------------------------- errors without a place
@@ -66,6 +72,16 @@ Ref<voBuffer> guess(voBuffer *input) {
         isMarked ? VO_CHARSET_UTF_16 : VO_CHARSET_UTF_8, head, VO_CHARSET_FLAG_SNIFF));
 }
 
+/// Whether a declaration begins somewhere behind `at`.
+bool hasDeclaration(std::string_view head, size_t at) {
+    constexpr std::string_view opening = "<?xml";
+    while ((at = head.find(opening, at)) != head.npos) {
+        at += opening.size();
+        if (skipSpace(head, at) > at || beginsWith(head, at, "?>")) return true;
+    }
+    return false;
+}
+
 Text missingDeclaration(voBuffer *input) {
     constexpr int64_t sample = 16;
     Ref utf8 = guess(input);
@@ -75,7 +91,7 @@ Text missingDeclaration(voBuffer *input) {
     const std::string_view target = beginsWith(head, start, "<?") ? nameAt(head, start + 2) : "";
     if (target != "xml" && lowered(target) == "xml")
         return "write \"<?xml\" for \"<?" + Text(target) + "\"";
-    if (contains(head, start, "<?xml "))
+    if (hasDeclaration(head, start))
         return "the XML declaration must come first; remove what stands before it";
     constexpr int64_t openingSize = 6; // "<?xml "
     if (start > 0 && voBufferLength(input) > headLength &&
@@ -87,19 +103,20 @@ Text missingDeclaration(voBuffer *input) {
            Text(head.substr(0, placeOfChar(head, sample))) + "\"";
 }
 
+const uint8_t *behindMark(const uint8_t *begin, const uint8_t *end) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    return Piece{begin, end}.bytes().starts_with(mark) ? begin + mark.size() : begin;
+}
+
 Text illFormedUtf8(const Refused &refused) {
     const int64_t offset = refused.firstIllFormed();
     if (offset < 0) return {};
-    const uint8_t *begin = voBufferBacking(refused.xml);
-    const std::string_view before(reinterpret_cast<const char *>(begin), size_t(offset));
-    const auto line = std::count(before.begin(), before.end(), '\n');
-    const int64_t lineStart = int64_t(before.rfind('\n') + 1); // 0 where there is none
-    Text hexByte = number(begin[offset], 16);
+    const uint8_t *begin = voBufferBacking(refused.xml), *bad = begin + offset;
+    Text hexByte = number(*bad, 16);
     std::transform(hexByte.begin(), hexByte.end(), hexByte.begin(),
                    [](char ch) { return ch >= 'a' ? char(ch - 'a' + 'A') : ch; });
     Text hint = "byte 0x" + hexByte + " at offset " + number(offset) + " (" +
-                lineAndColumn(line + 1, vo::countUtf8(begin + lineStart, begin + offset) + 1) +
-                ") is not well-formed UTF-8";
+                lineAndColumn({behindMark(begin, bad), bad}, bad) + ") is not well-formed UTF-8";
     if (!refused.declaredEncoding().empty()) return hint;
     return hint + (refused.hasWholeDeclaration()
                        ? "; the declaration names no other encoding"
@@ -146,11 +163,7 @@ struct Site {
 };
 
 Text lineAndColumn(const Site &site, const char *at) {
-    const Piece text = site.refused.input.text;
-    Ref options(xmlOptionsCreate());
-    Locator locator(text.begin, text.end, xmlOptionsDecodeNlfFlags(options), nullptr);
-    const vo::Place place = locator.placeOf(reinterpret_cast<const uint8_t *>(at));
-    return lineAndColumn(place.line, place.column);
+    return lineAndColumn(site.refused.input.text, reinterpret_cast<const uint8_t *>(at));
 }
 
 /// `&` begins no reference. `where` says in which value.
@@ -165,10 +178,12 @@ Text referenceHint(std::string_view text, size_t at, const Text &where) {
 }
 
 Text faultHint(const Site &site, const AttributeScan &scan) {
-    if (scan.fault == AttributeFault::none) return {};
-    const auto &[label, value] = scan.attributes.back();
+    const AttributeView last = scan.attributes.empty() ? AttributeView() : scan.attributes.back();
+    const auto &[label, value] = last;
     const Text name = quoted(label);
     switch (scan.fault) {
+    case AttributeFault::none:
+        return {};
     case AttributeFault::duplicate:
         return "attribute " + name + " is given twice, again in " +
                lineAndColumn(site, label.data());
@@ -180,9 +195,10 @@ Text faultHint(const Site &site, const AttributeScan &scan) {
         return "the value of attribute " + name + " has no closing quote";
     case AttributeFault::lessThan:
         return "write &lt; for \"<\" in the value of attribute " + name + ", or close its quote";
-    default:
+    case AttributeFault::badReference:
         return referenceHint(value, badReferenceIn(value), " in the value of attribute " + name);
     }
+    VO_UNREACHABLE();
 }
 
 bool isVersion(std::string_view value) {
@@ -345,12 +361,27 @@ Text hintAt(const Refused &refused, voParserLocation *optionalLocation, SiteHint
 /// Whether decoding gives this error at this place. Hints rely on it: bytes that are not those that
 /// were refused may have anything there.
 bool gives(const Refused &refused, XML_DECODE_ERROR_CODE code, voParserLocation *optionalLocation) {
-    if (code == XML_DECODE_ERROR_CODE_CHARSET) return true;
+    if (code == XML_DECODE_ERROR_CODE_CHARSET) return !refused.input.buffer;
     const auto place = placeIn(refused, optionalLocation);
     const Input &input = refused.input;
     if (!place) return false;
     const OutlineResult read = buildOutline(input.buffer, input.text, input.charset);
     return !read.outline && read.code == code && read.place == input.text.begin + *place;
+}
+
+/// The same for decoding the namespaces.
+bool nsGives(voBuffer *xml, XML_NS_DECODE_ERROR_CODE code, voParserLocation *optionalLocation) {
+    if (!optionalLocation) return false;
+    Ref options(xmlOptionsCreate());
+    xmlOptionsSetFlags(options.edit(), XML_FLAG_DECODE_LOCATION);
+    Ref result(xmlDocumentDecode(xml, options, nullptr));
+    if (!xmlDecodeResultHasDocument(result)) return false;
+    Ref nsResult(xmlNsDocumentTryDecode(Ref(xmlDecodeResultDocument(result))));
+    if (!xmlNsDecodeResultHasError(nsResult)) return false;
+    Ref error(xmlNsDecodeResultError(nsResult));
+    Ref location(xmlNsDecodeErrorLocation(error));
+    return xmlNsDecodeErrorErrorCode(error) == code &&
+           voParserLocationOffset(location) == voParserLocationOffset(optionalLocation);
 }
 
 voString *stringOrNull(const Text &hint) {
@@ -380,9 +411,9 @@ voString *xmlNsDecodeErrorTryHint(XML_NS_DECODE_ERROR *err, voBuffer *xml) {
     VO_ASSERT(err);
     VO_ASSERT(xml);
     Ref location(xmlNsDecodeErrorLocation(err));
-    const xml::Refused refused(xml);
-    return xml::stringOrNull(
-        xml::hintAt(refused, location, xml::nsHints[xmlNsDecodeErrorErrorCode(err)]));
+    const XML_NS_DECODE_ERROR_CODE code = xmlNsDecodeErrorErrorCode(err);
+    if (!xml::nsGives(xml, code, location)) return nullptr;
+    return xml::stringOrNull(xml::hintAt(xml::Refused(xml), location, xml::nsHints[code]));
 }
 
 int64_t xmlDecodeErrorByteOffset(XML_DECODE_ERROR *err, voBuffer *xml) {

@@ -1,16 +1,29 @@
 #include "source/xml/hint/xml_markup.hpp"
 
+#include "source/vo/vo_hash.hpp"
+#include "source/xml/base/xml_hash_table.hpp"
 #include "source/xml/base/xml_piece.hpp"
 #include "source/xml/base/xml_skip.hpp"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace xml {
 namespace {
 
-using Names = std::unordered_set<std::string_view, std::hash<std::string_view>, std::equal_to<>,
-                                 vo::Allocator<std::string_view>>;
+/// The names seen so far. Hashes are keyed, so that no document can be made to collide.
+class Names {
+  public:
+    /// False for one that was added before.
+    bool add(std::string_view name) {
+        const uint64_t hash = vo::hashBytes(name.data(), name.size());
+        if (names.find(hash, [&](std::string_view known) { return known == name; })) return false;
+        names.add(hash) = name;
+        return true;
+    }
+
+  private:
+    HashTable<std::string_view> names;
+};
 
 Piece pieceFrom(std::string_view text, size_t at) {
     const auto *begin = reinterpret_cast<const uint8_t *>(text.data());
@@ -97,7 +110,7 @@ AttributeScan scanAttributes(std::string_view text, size_t at) {
         if (attribute.name.empty()) return scan;
         at += attribute.name.size();
         scan.fault = scanValue(text, at, attribute.value);
-        if (scan.fault == AttributeFault::none && !names.insert(attribute.name).second)
+        if (scan.fault == AttributeFault::none && !names.add(attribute.name))
             scan.fault = AttributeFault::duplicate;
         scan.attributes.push_back(attribute);
         if (scan.fault != AttributeFault::none) return scan;
