@@ -30,6 +30,10 @@ Inputs inputsOf(const Request &request) {
     return inputs;
 }
 
+DecodeWish wishOf(const Request &request) {
+    return {request.namespaces, request.locations, request.import};
+}
+
 /// Handles every file, whatever becomes of the others.
 template <class Handle>
 Status forEach(const Request &request, const Inputs &inputs, Handle handle) {
@@ -46,8 +50,16 @@ template <class Handle> Status forEach(const Request &request, Handle handle) {
     return forEach(request, inputsOf(request), handle);
 }
 
-Status refuse(const Input &input, const Failure &failure) {
+/// The text of an input for showing a line of it; null where the bytes are none.
+Ref<voString> textOf(const Input &input) {
     Ref text(xmlDocumentTryDecodeText(input.bytes));
+    if (text) return text;
+    return Ref(voCharsetTryConvertBufferToStringWithFlags(VO_CHARSET_UTF_8, input.bytes,
+                                                          VO_CHARSET_FLAG_BOM));
+}
+
+Status refuse(const Input &input, const Failure &failure) {
+    Ref text = textOf(input);
     report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
            text ? chars(text) : Chars());
     return refused;
@@ -55,7 +67,7 @@ Status refuse(const Input &input, const Failure &failure) {
 
 /// Reports a text that the character set of the output lacks characters for.
 Status refuseMisfit(const Input &input, XML_DOCUMENT *document) {
-    Ref text(xmlDocumentTryDecodeText(input.bytes));
+    Ref text = textOf(input);
     const Misfit misfit = firstMisfit(input.bytes, chars(text), xmlDocumentCharset(document));
     report({input.name, misfit.place, misfit.text, {}, misfit.hint}, chars(text));
     return charsetTooSmall;
@@ -93,7 +105,7 @@ Status rewrite(const Request &request, std::optional<voCharset> charset) {
         return wrongUsage;
     }
     return forEach(request, inputs, [&](const Input &input) {
-        Decoded decoded = decode(input.bytes, {.namespaces = request.namespaces});
+        Decoded decoded = decode(input.bytes, wishOf(request));
         if (decoded.failure) return refuse(input, *decoded.failure);
         Ref document = request.namespaces ? Ref(xmlNsDocumentEncode(decoded.nsDocument))
                                           : std::move(decoded.document);
@@ -106,7 +118,7 @@ Status rewrite(const Request &request, std::optional<voCharset> charset) {
 
 Status check(const Request &request) {
     return forEach(request, [&](const Input &input) {
-        const Decoded decoded = decode(input.bytes, {.namespaces = request.namespaces});
+        const Decoded decoded = decode(input.bytes, wishOf(request));
         return decoded.failure ? refuse(input, *decoded.failure) : fine;
     });
 }
@@ -125,10 +137,9 @@ Status convert(const Request &request) {
 
 Status tree(const Request &request) {
     return forEach(request, [&](const Input &input) {
-        const DecodeWish wish{request.namespaces, request.locations};
-        const Decoded decoded = decode(input.bytes, wish);
+        const Decoded decoded = decode(input.bytes, wishOf(request));
         if (decoded.failure) return refuse(input, *decoded.failure);
-        printTree(decoded, wish);
+        printTree(decoded, wishOf(request));
         return fine;
     });
 }
@@ -139,7 +150,7 @@ Status stats(const Request &request) {
     int64_t counted = 0;
     const Status status = forEach(request, [&](const Input &input) {
         const auto start = Clock::now();
-        const Decoded decoded = decode(input.bytes, {});
+        const Decoded decoded = decode(input.bytes, wishOf(request));
         const auto end = Clock::now();
         if (decoded.failure) return refuse(input, *decoded.failure);
         Stats one;

@@ -16,6 +16,7 @@ struct Request {
     bool recursive = false;                        ///< Read the files in folders
     std::vector<std::string> patterns = {"*.xml"}; ///< whose names match one of these.
     size_t jobs = 1;
+    bool import = false;
     bool namespaces = false;
     bool failFast = false;
     bool noDeclaration = false;

@@ -2,6 +2,8 @@
 
 #include "text.hpp"
 
+#include "xml/xml_import.h"
+
 namespace tool {
 
 std::optional<Place> placeOf(voParserLocation *location) {
@@ -39,17 +41,30 @@ static Failure failureOf(XML_NS_DECODE_ERROR *taken, voBuffer *input) {
 }
 
 /// A failure is described only with locations: without, decode() comes again for its place.
-static Decoded decodeOnce(voBuffer *input, DecodeWish wish) {
-    Decoded decoded;
+static void decodePlain(voBuffer *input, DecodeWish wish, Decoded &decoded) {
     Ref options = optionsWith(wish.locations ? XML_FLAG_DECODE_LOCATION : 0);
     Ref result(xmlDocumentDecode(input, options, nullptr));
-    if (xmlDecodeResultHasError(result)) {
+    if (xmlDecodeResultHasDocument(result))
+        decoded.document = Ref(xmlDecodeResultDocument(result));
+    else
         decoded.failure =
             wish.locations ? failureOf(xmlDecodeResultError(result), input) : Failure();
-        return decoded;
-    }
-    decoded.document = Ref(xmlDecodeResultDocument(result));
-    if (!wish.namespaces) return decoded;
+}
+
+static void import(voBuffer *input, DecodeWish wish, Decoded &decoded) {
+    XML_IMPORT_OPTIONS options{};
+    options.locations = wish.locations;
+    XML_IMPORT_ERROR error{};
+    decoded.document = Ref(xmlDocumentTryImport(input, &options, nullptr, &error));
+    if (decoded.document) return;
+    Ref location(voMessageLocation(error.message));
+    decoded.failure = {{}, textOf(error.message), placeOf(location), {}};
+}
+
+static Decoded decodeOnce(voBuffer *input, DecodeWish wish) {
+    Decoded decoded;
+    (wish.import ? import : decodePlain)(input, wish, decoded);
+    if (decoded.failure || !wish.namespaces) return decoded;
     Ref nsResult(xmlNsDocumentTryDecode(decoded.document));
     if (xmlNsDecodeResultHasError(nsResult))
         decoded.failure =
@@ -59,11 +74,22 @@ static Decoded decodeOnce(voBuffer *input, DecodeWish wish) {
     return decoded;
 }
 
+/// Whether importing takes what decoding refuses.
+static bool canBeImported(voBuffer *input) {
+    Decoded decoded;
+    import(input, {}, decoded);
+    return !decoded.failure;
+}
+
 Decoded decode(voBuffer *input, DecodeWish wish) {
     Decoded decoded = decodeOnce(input, wish);
     if (!decoded.failure || wish.locations) return decoded;
-    decoded = {};
-    return decodeOnce(input, {wish.namespaces, true});
+    wish.locations = true;
+    decoded = decodeOnce(input, wish);
+    if (!wish.import && !decoded.document && decoded.failure && canBeImported(input))
+        decoded.failure->hint += (decoded.failure->hint.empty() ? "" : "; ") +
+                                 std::string("importing takes it: 'voxml import', or --import");
+    return decoded;
 }
 
 } // namespace tool

@@ -32,6 +32,7 @@ struct Failure {
 struct DecodeWish {
     bool namespaces = false; ///< Decode the namespaces as well.
     bool locations = false;  ///< Record a location in every node.
+    bool import = false;     ///< Take any well-formed XML document.
 };
 
 /// A decoded document, or why there is none.
@@ -41,8 +42,8 @@ struct Decoded {
     std::optional<Failure> failure;
 };
 
-/// Decodes, without locations unless they are wished for, which is faster. A failure has a place in
-/// either case.
+/// Decodes or imports, without locations unless they are wished for, which is faster. A failure has
+/// a place in either case.
 Decoded decode(voBuffer *input, DecodeWish wish);
 
 /// Options of the library with these flags.

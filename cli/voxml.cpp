@@ -96,6 +96,10 @@ class CommandLine {
             ->required();
         writing(sub);
 
+        sub = add("import", canonical, "Write any well-formed XML documents in canonical layout");
+        sub->parse_complete_callback([this] { request.import = true; });
+        writing(sub);
+
         sub = add("tree", tree, "Print the tree of nodes for people to read");
         namespaces(sub, "Show names as {namespace}name, and declarations");
         sub->add_flag("--locations", request.locations, "Show the line and column of each node");
@@ -113,6 +117,8 @@ class CommandLine {
         sub->callback([this, function] { command = function; });
         sub->add_option("FILE", request.files, "The documents; none or - is standard input")
             ->option_text("...");
+        sub->add_flag("--import", request.import,
+                      "Take any well-formed XML: with DOCTYPE, without a declaration and so on");
         sub->add_flag("-r,--recursive", request.recursive, "Read the files in folders, too");
         sub->add_option("--name", request.patterns,
                         "Of the files in folders only those with such a name; *.xml by default")

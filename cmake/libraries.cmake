@@ -58,7 +58,7 @@ voxml_library(voxml xml SOURCES ${XML_SOURCES} LINK vo)
 voxml_version_header(voxml_objects ${PROJECT_SOURCE_DIR}/source/xml/base/xml_module.cpp)
 
 # The importer, which alone needs more than the standard libraries.
-if(VOXML_BUILD_IMPORT OR VOXML_BUILD_TESTS)
+if(VOXML_BUILD_IMPORT OR VOXML_BUILD_TESTS OR VOXML_BUILD_TOOL)
   find_package(EXPAT 2.4 REQUIRED)
   file(GLOB IMPORT_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/source/import/*.cpp)
   voxml_library(voxml_import import SOURCES ${IMPORT_SOURCES} LINK voxml)

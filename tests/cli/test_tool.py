@@ -17,6 +17,7 @@ TOOL = os.path.abspath(sys.argv.pop(1))
 DECLARATION = '<?xml version="1.0"?>\n'
 CODE = "XML_DECODE_ERROR_CODE_"
 NS_CODE = "XML_NS_DECODE_ERROR_CODE_"
+LIFTED = "; importing takes it: 'voxml import', or --import"
 DEEP = 100_000
 
 
@@ -74,7 +75,7 @@ class Errors(ToolTest):
              "<a>x&nbsp</a>", "    ^", 'write &amp; for "&", or end the reference with ";"'),
             ("<a>&#8364;</a>", "2:4", "TEXT", "textual content in XML malformed",
              "<a>&#8364;</a>", "   ^",
-             "character references are for attribute values; write the character itself"),
+             "character references are for attribute values; write the character itself" + LIFTED),
             ("<!DOCTYPE a>", "2:1", "DOCTYPE",
              "XML DOCTYPE declaration found; this is not supported", "<!DOCTYPE a>", "^",
              "remove the declaration, and replace references to entities that it defines"),
@@ -148,9 +149,9 @@ class Errors(ToolTest):
         example = '<?xml version="1.0" encoding="UTF-8"?>'
         rows = [
             (b"", "the input is empty"),
-            (b" <a/>", f"a document begins with an XML declaration: {example}"),
+            (b" <a/>", f"a document begins with an XML declaration: {example}" + LIFTED),
             ("\ufeff<a/>".encode("utf-16-le"),
-             f"a document begins with an XML declaration: {example}"),
+             f"a document begins with an XML declaration: {example}" + LIFTED),
             (b"<!-- --><?xml version='1.0'?>",
              "the XML declaration must come first; remove what stands before it"),
             (b"\x7fELF\x02\x01\0\x1b",
@@ -306,6 +307,26 @@ class Errors(ToolTest):
             with self.subTest(arguments):
                 self.expect(arguments, 2,
                             stderr=f"{command}: error: {text}\nTry '{command} --help'.\n")
+
+
+class Importing(ToolTest):
+    def test_what_decoding_refuses_is_written_in_canonical_layout(self):
+        self.put("a.xml", b"<!DOCTYPE a [<!ENTITY e 'x&#33;'><!ATTLIST a d CDATA 'v'>]><a>&e;</a>")
+        written = b'<?xml version="1.0" encoding="UTF-8"?><a d="v">x!</a>'
+        self.assertEqual(self.voxml("check", "a.xml").returncode, 1)
+        self.expect(["check", "--import", "--ns", "a.xml"], 0)
+        for arguments in ["import"], ["canonical", "--import"], ["import", "--ns"]:
+            self.expect([*arguments, "a.xml"], 0, written)
+        self.expect(["import", "-i", "a.xml"], 0)
+        self.expect(["canonical", "a.xml"], 0, written)
+
+    def test_what_is_not_well_formed_has_a_place_and_the_line(self):
+        self.put("a.xml", b"<a>\n  <b></a>")
+        self.expect(["import", "a.xml"], 1,
+                    stderr="a.xml:2:8: error: mismatched tag\n  <b></a>\n       ^\n")
+        self.expect(["check", "--import", "--ns"], 1, stdin=b"<p:a/>", stderr="<stdin>:1:1: error: "
+                    f"XML namespace prefix undefined [{NS_CODE}NAMESPACE_PREFIX_UNKNOWN]\n"
+                    "<p:a/>\n^\n")
 
 
 class Many(ToolTest):
@@ -609,7 +630,7 @@ document 1.0 UTF-8
 
     def test_help_and_version_are_answers(self):
         self.assertRegex(self.voxml("--version").stdout, rb"^voxml \d+\.\d+\.\d+\n$")
-        for command in "check", "canonical", "convert", "tree", "stats", "charsets":
+        for command in ("check", "canonical", "convert", "import", "tree", "stats", "charsets"):
             result = self.voxml(command, "--help")
             self.assertEqual((result.returncode, result.stderr), (0, b""))
             self.assertIn(command.encode(), self.voxml("--help").stdout)
