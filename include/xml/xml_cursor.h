@@ -14,7 +14,9 @@
  *
  *  Unlike the objects of a tree a cursor is changed in place: whoever shares it sees it move. It is
  *  for one thread at a time, reading included; any number of cursors may read one tree at once. It
- *  keeps what it was made for. */
+ *  keeps what it was made for. Steps take constant time, to the first child that of passing the
+ *  attributes. A cursor gives no objects: for the joined text of an element collect its texts and
+ *  CDATA sections, or see xml/xml_shortcuts.h. */
 #ifndef XML_XML_CURSOR_H
 #define XML_XML_CURSOR_H
 
@@ -32,7 +34,7 @@ typedef struct XML_CURSOR XML_CURSOR;
 #define XML_CURSOR_TYPE_ATTRIBUTE ((XML_ITEM_TYPE)6)
 
 /** A run of UTF-8: `length` bytes at `bytes`, without a NUL behind them. `bytes` is null where
- *  there is no such text. The bytes stay valid, beside those of other calls, until the cursor
+ *  there is no such text, and not null for an empty one. The bytes stay valid, beside those of other calls, until the cursor
  *  moves or is released. A code point that UTF-8 cannot express, from a hand-made string or a
  *  reference to a surrogate, reads as U+FFFD. */
 typedef struct XML_UTF8 {

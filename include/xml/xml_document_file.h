@@ -19,6 +19,8 @@ VO_BEGIN_DECLS
  *  UTF-8 become U+FFFD. The document has a location. So has every decode error, with or without
  *  XML_FLAG_DECODE_LOCATION: a refused text is decoded once more for it. That of an error of the
  *  character set is the beginning of the file; xmlDecodeErrorByteOffset() may tell more.
+ *  Errors of xmlNsDocumentTryDecode() have a place only if the flag was set. For the hints of
+ *  xml/xml_hint.h, which need the bytes, read the file with voFileTryRead() and decode those.
  *
  *  @param optionalOpt null stands for the defaults, see xml/xml_options.h. */
 VO_NEW XML_DECODE_RESULT *xmlDocumentTryDecodeFile(const char *path, XML_OPTIONS *optionalOpt,

@@ -100,7 +100,9 @@ VO_NEW voBuffer *xmlNsElementTryEncode(XML_NS_ELEMENT *el, voCharset charset);
  *
  *  In the place of what was taken an empty text stands, one and the same item everywhere in a
  *  layer, so that indexes stay valid and nothing is written there. It counts as an item. To
- *  remove an element for good use xmlElementDelItemAt(). @{ */
+ *  remove an element for good use xmlElementDelItemAt(). To change all elements at the top of a
+ *  document so, get its items, give the document an empty list, take from the items, and set them
+ *  again. @{ */
 
 /** Takes the element at `index` among the items; null, with no change, when another item is there.
  *  An index outside the list aborts. */
