@@ -21,39 +21,39 @@ namespace {
 
 constexpr const char *exampleDeclaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
 
-Text number(int64_t value, int base = 10) {
+Message number(int64_t value, int base = 10) {
     char digits[24];
     return {digits, std::to_chars(digits, std::end(digits), value, base).ptr};
 }
 
-Text charsetName(voCharset charset) {
+Message charsetName(voCharset charset) {
     Ref name(voCharsetToIanaName(charset));
     Ref bytes(voStringTryToUtf8(name));
     return {reinterpret_cast<const char *>(voBufferBacking(bytes)), size_t(voBufferLength(bytes))};
 }
 
 /// A name from the input, as far as it fits into a message.
-Text brief(std::string_view name) {
+Message brief(std::string_view name) {
     constexpr size_t longest = 60;
-    if (name.size() <= longest) return Text(name);
+    if (name.size() <= longest) return Message(name);
     size_t end = longest;
     while (end > 0 && (name[end] & 0xC0) == 0x80)
         --end; // not inside a character
-    return Text(name.substr(0, end)) + "...";
+    return Message(name.substr(0, end)) + "...";
 }
 
-Text quoted(std::string_view name) { return "'" + brief(name) + "'"; }
-Text tag(std::string_view name) { return "<" + brief(name) + ">"; }
+Message quoted(std::string_view name) { return "'" + brief(name) + "'"; }
+Message tag(std::string_view name) { return "<" + brief(name) + ">"; }
 
-Text lowered(std::string_view ascii) {
-    Text lower(ascii);
+Message lowered(std::string_view ascii) {
+    Message lower(ascii);
     for (char &ch : lower)
         if (ch >= 'A' && ch <= 'Z') ch = char(ch - 'A' + 'a');
     return lower;
 }
 
 /// Where `at` is, as the decoder counts unless it is told otherwise.
-Text lineAndColumn(Piece text, const uint8_t *at) {
+Message lineAndColumn(Piece text, const uint8_t *at) {
     Ref options(xmlOptionsCreate());
     Locator locator(text.begin, text.end, xmlOptionsDecodeNlfFlags(options), nullptr);
     const vo::Place place = locator.placeOf(at);
@@ -82,7 +82,7 @@ bool hasDeclaration(std::string_view head, size_t at) {
     return false;
 }
 
-Text missingDeclaration(voBuffer *input) {
+Message missingDeclaration(voBuffer *input) {
     constexpr int64_t sample = 16;
     Ref utf8 = guess(input);
     const std::string_view head(reinterpret_cast<const char *>(voBufferBacking(utf8)),
@@ -90,7 +90,7 @@ Text missingDeclaration(voBuffer *input) {
     const size_t start = skipSpace(head, 0);
     const std::string_view target = beginsWith(head, start, "<?") ? nameAt(head, start + 2) : "";
     if (target != "xml" && lowered(target) == "xml")
-        return "write \"<?xml\" for \"<?" + Text(target) + "\"";
+        return "write \"<?xml\" for \"<?" + Message(target) + "\"";
     if (hasDeclaration(head, start))
         return "the XML declaration must come first; remove what stands before it";
     constexpr int64_t openingSize = 6; // "<?xml "
@@ -98,9 +98,9 @@ Text missingDeclaration(voBuffer *input) {
         placeOfChar(head.substr(start), openingSize) == head.npos)
         return "the XML declaration must begin within the first 1024 bytes";
     if (start == head.size() || head[start] == '<')
-        return Text("a document begins with an XML declaration: ") + exampleDeclaration;
+        return Message("a document begins with an XML declaration: ") + exampleDeclaration;
     return "this does not look like XML; it begins with \"" +
-           Text(head.substr(0, placeOfChar(head, sample))) + "\"";
+           Message(head.substr(0, placeOfChar(head, sample))) + "\"";
 }
 
 const uint8_t *behindMark(const uint8_t *begin, const uint8_t *end) {
@@ -108,15 +108,15 @@ const uint8_t *behindMark(const uint8_t *begin, const uint8_t *end) {
     return Piece{begin, end}.bytes().starts_with(mark) ? begin + mark.size() : begin;
 }
 
-Text illFormedUtf8(const Refused &refused) {
+Message illFormedUtf8(const Refused &refused) {
     const int64_t offset = refused.firstIllFormed();
     if (offset < 0) return {};
     const uint8_t *begin = voBufferBacking(refused.xml), *bad = begin + offset;
-    Text hexByte = number(*bad, 16);
+    Message hexByte = number(*bad, 16);
     std::transform(hexByte.begin(), hexByte.end(), hexByte.begin(),
                    [](char ch) { return ch >= 'a' ? char(ch - 'a' + 'A') : ch; });
-    Text hint = "byte 0x" + hexByte + " at offset " + number(offset) + " (" +
-                lineAndColumn({behindMark(begin, bad), bad}, bad) + ") is not well-formed UTF-8";
+    Message hint = "byte 0x" + hexByte + " at offset " + number(offset) + " (" +
+                   lineAndColumn({behindMark(begin, bad), bad}, bad) + ") is not well-formed UTF-8";
     if (!refused.declaredEncoding().empty()) return hint;
     return hint + (refused.hasWholeDeclaration()
                        ? "; the declaration names no other encoding"
@@ -134,16 +134,16 @@ bool isKnown(std::string_view charset) {
     return VO_CHARSET_OK(voCharsetFromIanaName(name));
 }
 
-Text charsetHint(const Refused &refused) {
+Message charsetHint(const Refused &refused) {
     const voCharset charset = refused.input.charset;
     const std::string_view declared = refused.declaredEncoding();
     if (voBufferLength(refused.xml) == 0) return "the input is empty";
     if (!refused.hasDeclaration()) return missingDeclaration(refused.xml);
     if (declared.empty() || !isKnown(declared)) {
-        Text hint = charset == VO_CHARSET_UTF_8
-                        ? illFormedUtf8(refused)
-                        : "by its first bytes the text is in " + charsetName(charset) +
-                              ", but not all of it is valid there";
+        Message hint = charset == VO_CHARSET_UTF_8
+                           ? illFormedUtf8(refused)
+                           : "by its first bytes the text is in " + charsetName(charset) +
+                                 ", but not all of it is valid there";
         if (!declared.empty())
             hint += "; the declared encoding " + quoted(declared) + " is not known";
         return hint;
@@ -162,25 +162,25 @@ struct Site {
     size_t at;
 };
 
-Text lineAndColumn(const Site &site, const char *at) {
+Message lineAndColumn(const Site &site, const char *at) {
     return lineAndColumn(site.refused.input.text, reinterpret_cast<const uint8_t *>(at));
 }
 
 /// `&` begins no reference. `where` says in which value.
-Text referenceHint(std::string_view text, size_t at, const Text &where) {
+Message referenceHint(std::string_view text, size_t at, const Message &where) {
     const std::string_view number = charRefAt(text, at);
     if (number.ends_with(';'))
         return "the reference \"" + brief(number) + "\"" + where + " stands for no character";
     if (!number.empty())
         return "end the reference \"" + brief(number) + "\"" + where + " with \";\"";
-    const Text hint = "write &amp; for \"&\"" + where;
+    const Message hint = "write &amp; for \"&\"" + where;
     return nameAt(text, at + 1).empty() ? hint : hint + ", or end the reference with \";\"";
 }
 
-Text faultHint(const Site &site, const AttributeScan &scan) {
+Message faultHint(const Site &site, const AttributeScan &scan) {
     const AttributeView last = scan.attributes.empty() ? AttributeView() : scan.attributes.back();
     const auto &[label, value] = last;
-    const Text name = quoted(label);
+    const Message name = quoted(label);
     switch (scan.fault) {
     case AttributeFault::none:
         return {};
@@ -207,7 +207,7 @@ bool isVersion(std::string_view value) {
     return !value.empty() && skipVersionNum(begin, end) == end;
 }
 
-Text declarationHint(const Site &site) {
+Message declarationHint(const Site &site) {
     constexpr std::string_view opening = "<?xml";
     const AttributeScan scan = scanAttributes(site.text, skipSpace(site.text, 0) + opening.size());
     if (scan.fault != AttributeFault::none) return faultHint(site, scan);
@@ -223,7 +223,7 @@ Text declarationHint(const Site &site) {
     return R"(the declaration must end in "?>")";
 }
 
-Text doctypeHint(const Site &) {
+Message doctypeHint(const Site &) {
     return "remove the declaration, and replace references to entities that it defines";
 }
 
@@ -235,12 +235,12 @@ size_t behind(const Site &site, std::string_view part) {
 constexpr const char *noTag = "write &lt; where \"<\" does not begin a tag";
 
 /// White space may follow the `<` of a tag, but hardly ever does.
-Text perhapsNoTag(std::string_view text, size_t at) {
+Message perhapsNoTag(std::string_view text, size_t at) {
     const bool isLikely = at + 1 < text.size() && isSpace(static_cast<unsigned char>(text[at + 1]));
-    return isLikely ? Text("; ") + noTag : Text();
+    return isLikely ? Message("; ") + noTag : Message();
 }
 
-Text tagHint(const Site &site) {
+Message tagHint(const Site &site) {
     if (beginsWith(site.text, site.at, "<!"))
         return "after \"<!\" only a comment or a CDATA section can follow";
     const bool isEnd = beginsWith(site.text, site.at, "</");
@@ -249,10 +249,10 @@ Text tagHint(const Site &site) {
     size_t end = behind(site, name);
     end = isEnd ? skipSpace(site.text, end) : scanAttributes(site.text, end).end;
     if (!isEnd && beginsWith(site.text, end, "/")) end = skipSpace(site.text, end + 1);
-    const Text subject = "the tag " + quoted(name);
+    const Message subject = "the tag " + quoted(name);
     const std::string_view next = charAt(site.text, end);
-    const Text fault =
-        next.empty() ? Text(" does not end in \">\"") : " cannot hold \"" + Text(next) + "\" here";
+    const Message fault = next.empty() ? Message(" does not end in \">\"")
+                                       : " cannot hold \"" + Message(next) + "\" here";
     return subject + fault + perhapsNoTag(site.text, site.at);
 }
 
@@ -266,7 +266,7 @@ const uint8_t *openElement(const Site &site) {
     return isOpen ? read.place : nullptr;
 }
 
-Text mismatchHint(const Site &site) {
+Message mismatchHint(const Site &site) {
     const Piece text = site.refused.input.text;
     const uint8_t *open = openElement(site);
     if (!open) return "no element is open here";
@@ -275,28 +275,28 @@ Text mismatchHint(const Site &site) {
            lineAndColumn(site, site.text.data() + at) + perhapsNoTag(site.text, at);
 }
 
-Text notClosedHint(const Site &site) {
+Message notClosedHint(const Site &site) {
     return tag(tagNameAt(site.text, site.at)) + " has no end tag" +
            perhapsNoTag(site.text, site.at);
 }
 
-Text instructionHint(const Site &site) {
+Message instructionHint(const Site &site) {
     if (!contains(site.text, site.at, "?>")) return "the instruction does not end in \"?>\"";
     return "an instruction begins with a name, right after \"<?\"";
 }
 
-Text commentHint(const Site &site) {
+Message commentHint(const Site &site) {
     if (!contains(site.text, site.at + 4, "-->")) return "the comment does not end in \"-->\"";
     return "a comment is not empty, neither begins nor ends with \"-\" and holds no \"--\"";
 }
 
-Text cdataHint(const Site &) { return "the section does not end in \"]]>\""; }
+Message cdataHint(const Site &) { return "the section does not end in \"]]>\""; }
 
-Text attributesHint(const Site &site) {
+Message attributesHint(const Site &site) {
     return faultHint(site, scanAttributes(site.text, behind(site, tagNameAt(site.text, site.at))));
 }
 
-Text textHint(const Site &site) {
+Message textHint(const Site &site) {
     if (beginsWith(site.text, site.at, "&#"))
         return "character references are for attribute values; write the character itself";
     return referenceHint(site.text, site.at, {});
@@ -310,27 +310,27 @@ std::string_view nameAtFault(const Site &site) {
     return isElement ? tagNameAt(site.text, site.at) : nameAt(site.text, site.at);
 }
 
-Text namespaceHint(const Site &) {
+Message namespaceHint(const Site &) {
     return "a namespace name holds no undefined entity, and is not the one reserved for \"xmlns\"";
 }
 
-Text prefixHint(const Site &site) {
+Message prefixHint(const Site &site) {
     return "in " + quoted(nameAtFault(site)) + " the prefix is not a name";
 }
 
-Text unknownPrefixHint(const Site &site) {
+Message unknownPrefixHint(const Site &site) {
     const std::string_view name = nameAtFault(site), prefix = name.substr(0, name.find(':'));
     if (prefix == "xmlns") return "the prefix xmlns is for declarations; no element has it";
     return "declare the prefix with xmlns:" + brief(prefix) + "=\"...\" here or further out";
 }
 
-Text localNameHint(const Site &site) {
+Message localNameHint(const Site &site) {
     return "in " + quoted(nameAtFault(site)) + " a name without a colon must follow the prefix";
 }
 
 // ---------------------------------------------------------------- both layers
 
-using SiteHint = Text (*)(const Site &);
+using SiteHint = Message (*)(const Site &);
 
 /// By error code. An error of the character set has no place.
 constexpr SiteHint plainHints[] = {
@@ -346,16 +346,16 @@ static_assert(std::size(nsHints) == XML_NS_DECODE_ERROR_CODE_LOCAL_NAME + 1);
 std::optional<size_t> placeIn(const Refused &refused, voParserLocation *optionalLocation) {
     if (!optionalLocation || !refused.input.buffer) return std::nullopt;
     const size_t place = placeOfChar(refused.text(), voParserLocationOffset(optionalLocation));
-    return place == Text::npos ? std::nullopt : std::optional(place);
+    return place == Message::npos ? std::nullopt : std::optional(place);
 }
 
-Text hintAt(const Refused &refused, voParserLocation *optionalLocation, SiteHint hint) {
+Message hintAt(const Refused &refused, voParserLocation *optionalLocation, SiteHint hint) {
     if (refused.contradictsItself())
         return "the declaration is written in " + charsetName(refused.declaration.readable) +
                ", but names the encoding " + quoted(refused.declaredEncoding());
     if (!hint) return charsetHint(refused);
     const auto place = placeIn(refused, optionalLocation);
-    return place ? hint({refused, refused.text(), *place}) : Text();
+    return place ? hint({refused, refused.text(), *place}) : Message();
 }
 
 /// Whether decoding gives this error at this place. Hints rely on it: bytes that are not those that
@@ -384,7 +384,7 @@ bool nsGives(voBuffer *xml, XML_NS_DECODE_ERROR_CODE code, voParserLocation *opt
            voParserLocationOffset(location) == voParserLocationOffset(optionalLocation);
 }
 
-voString *stringOrNull(const Text &hint) {
+voString *stringOrNull(const Message &hint) {
     if (hint.empty()) return nullptr;
     return voStringTryCreateFromUtf8(hint.data(), int64_t(hint.size()));
 }

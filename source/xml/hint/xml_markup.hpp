@@ -10,7 +10,7 @@
 namespace xml {
 
 /// A message in the making.
-using Text = std::basic_string<char, std::char_traits<char>, vo::Allocator<char>>;
+using Message = std::basic_string<char, std::char_traits<char>, vo::Allocator<char>>;
 
 enum class AttributeFault { none, noEquals, noQuote, notClosed, lessThan, badReference, duplicate };
 

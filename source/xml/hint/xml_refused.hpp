@@ -9,7 +9,7 @@
 namespace xml {
 
 struct Refused {
-    explicit Refused(voBuffer *input);
+    explicit Refused(voBuffer *bytes);
 
     /// Empty when the bytes are no text in their character set.
     std::string_view text() const { return input.text.bytes(); }
@@ -29,7 +29,7 @@ struct Refused {
     int64_t firstIllFormed() const;
 
     /// The offset in `xml` of a place in the text; -1 when that is not known.
-    int64_t byteOffset(std::string_view::size_type place) const;
+    int64_t byteOffset(size_t place) const;
 
     voBuffer *xml; ///< Borrowed.
     Declaration declaration;
