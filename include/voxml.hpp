@@ -368,7 +368,7 @@ class failure {
     [[nodiscard]] int system_error() const noexcept {
         return details_ ? details_->system_error : 0;
     }
-    /** `source:line:column: error: message`, less what is unknown. */
+    /** `source:line:column: error: message`, less what is unknown; without the hint. */
     [[nodiscard]] std::string to_string() const {
         std::string text = details_ ? details_->source : std::string();
         if (line() != 0) {
@@ -670,7 +670,7 @@ struct qname_arg {
 
 /** How to decode. */
 struct decode_options {
-    bool locations = false;    ///< Gives every node its location; failures have one anyway.
+    bool locations = false;    ///< Gives every node its location; errors at a place have it anyway.
     std::string_view source{}; ///< The name of the text in locations and failures.
     voCharsetFlags charset_flags = VO_CHARSET_FLAG_BOM; ///< See xml/xml_options.h.
 };
@@ -1404,7 +1404,8 @@ template <class Layer> class basic_elements {
     std::optional<typename Layer::name_arg::kept> name_;
 };
 
-/** An attribute in an expression that builds an element: a name and plain characters. */
+/** An attribute in an expression that builds an element: a name and plain characters. It refers to
+ *  the strings that it was made from, so it is for that expression only. */
 template <class Name> struct basic_attr {
     Name name;
     string_arg value;
@@ -1653,7 +1654,8 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         }
         return count;
     }
-    /** This element and every one below at any depth, each before those below it. */
+    /** This element and every one below at any depth, each before those below it; elements that the
+     *  function adds below the one it is given are visited, too. */
     template <class Edit> detail::edited<Edit, basic_element, std::int64_t> edit_all(Edit &&edit) {
         std::int64_t count = 0;
         descent way(*this);
@@ -1695,7 +1697,7 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
      *  Those of this element itself, if it has any; only in the tree with namespaces. An element
      *  that goes to another document keeps its names, but leaves the declarations around it behind:
      *  when it is written, prefixes are found anew. Whoever wants the same ones, or has prefixes in
-     *  texts and values, sets them here. @{ */
+     *  texts and values, sets them here. Keep the map in a variable to go through it. @{ */
     [[nodiscard]] std::optional<namespace_map> namespaces() const noexcept {
         using layer = typename detail::need_namespaces<Layer>::layer;
         return detail::optional_of<namespace_map>(layer::namespaces(this->get()));
@@ -1856,9 +1858,9 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
 
     /** @name Decoding
      *  See xml/xml_document_decode.h, which also tells what to do about documents without an XML
-     *  declaration or with a DOCTYPE, and for files xml/xml_document_file.h. The tree keeps the
-     *  buffer, or a copy of the bytes, until all of its objects are made. In the tree with
-     *  namespaces they are resolved too. @{ */
+     *  declaration or with a DOCTYPE; import_document() reads them as they are. For files see
+     *  xml/xml_document_file.h. The tree keeps the buffer, or a copy of the bytes, until all of its
+     *  objects are made. In the tree with namespaces they are resolved too. @{ */
     static result<basic_document> decode(std::string_view bytes,
                                          const decode_options &options = {}) {
         return decode(buffer(bytes), options);
@@ -1917,7 +1919,8 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
         loan back(this, element_type(adopt, taken));
         return detail::apply(edit, back.root);
     }
-    /** Changes the root and every element below it, see basic_element::edit_all(). */
+    /** Changes the root and every element below it, see basic_element::edit_all(). A document may
+     *  have further elements at its top, which are among items(). */
     template <class Edit> detail::edited<Edit, element_type, std::int64_t> edit_all(Edit &&edit) {
         auto *taken = Layer::document_take_root(this->address());
         if (!taken) return std::int64_t{0};
@@ -1961,8 +1964,8 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     void make_all() const noexcept { Layer::document_make_all(this->get()); }
 
     /** @name From one tree to the other @{ */
-    /** The document with its names resolved; a failure has no hint and no offset in bytes. Only in
-     *  the plain tree. */
+    /** The document with its names resolved; a failure has no hint and no offset in bytes, and a
+     *  place only if locations were recorded. Only in the plain tree. */
     [[nodiscard]] result<basic_document<detail::ns_layer>> resolve() const {
         static_assert(!Layer::has_namespaces, "the names of this document are resolved already");
         auto resolved = Layer::resolve(this->get());
@@ -2196,13 +2199,20 @@ template <class Layer> class basic_view {
 };
 
 /** The views of nodes below one: a range that is read once. `for (const auto &each : range)` moves
- *  one cursor along; whoever keeps a view for longer copies it. */
+ *  one cursor along; whoever keeps a view for longer copies it. The range itself can be moved, not
+ *  copied. */
 template <class Layer> class basic_views {
     using view_type = basic_view<Layer>;
     using kind = typename view_type::kind;
 
   public:
     struct sentinel {};
+
+    basic_views(const basic_views &) = delete;
+    basic_views &operator=(const basic_views &) = delete;
+    basic_views(basic_views &&) noexcept = default;
+    basic_views &operator=(basic_views &&) noexcept = default;
+    ~basic_views() = default;
 
     class iterator {
       public:
@@ -2230,7 +2240,7 @@ template <class Layer> class basic_views {
         friend bool operator!=(sentinel end, const iterator &at) noexcept { return !(at == end); }
 
       private:
-        bool is_done() const noexcept { return !range_->found_; }
+        bool is_done() const noexcept { return !range_ || !range_->found_; }
 
         basic_views *range_ = nullptr;
     };
@@ -2251,6 +2261,7 @@ template <class Layer> class basic_views {
         skip();
     }
     void advance() {
+        if (!found_) return;
         current_.store_.forget();
         current_.at_home();
         step();
@@ -2317,7 +2328,7 @@ using attr = basic_attr<qname_arg>;
 
 /** How to import; see xml/xml_import.h, where 0 stands for a default as here. */
 struct import_options {
-    bool locations = false;    ///< Gives every node its location; failures have one anyway.
+    bool locations = false;    ///< Gives every node its location; errors at a place have it anyway.
     std::string_view source{}; ///< The name of the text in locations and failures.
     std::int64_t most_expanded = 0, most_amplified = 0, most_nested = 0;
 };

@@ -19,7 +19,8 @@ VO_BEGIN_DECLS
  *
  *  A document without a declaration is refused: put one, such as `<?xml version="1.0"?>`, in front
  *  of the bytes. So is a document type declaration: cut it out, from where the error's location and
- *  xmlDecodeErrorByteOffset() say, and references to its entities stay as they are written.
+ *  xmlDecodeErrorByteOffset() say, and references to its entities stay as they are written. Or
+ *  import such documents, see xml/xml_import.h.
  *
  *  All of the text is checked at once. The objects of the tree are made from it when they are first
  *  asked for; until the last of them is made or dropped, the tree keeps the text, which for UTF-8

@@ -15,6 +15,8 @@ static_assert(std::ranges::forward_range<voxml::ns::items>);
 static_assert(std::ranges::forward_range<voxml::attributes>);
 static_assert(std::ranges::forward_range<voxml::namespace_map>);
 static_assert(std::ranges::input_range<voxml::ns::views>);
+// A copy of the cursor could not reach the nodes that come next.
+static_assert(!std::is_copy_constructible_v<voxml::views>);
 
 namespace {
 
