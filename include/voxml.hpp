@@ -587,7 +587,8 @@ class text : public handle<XML_TEXT> {
         if (!made) return made.error();
         return text(adopt, xmlTextCreateEscape(made->get()));
     }
-    /** Makes a text of the escaped form. */
+    /** Makes a text of the escaped form. Character references in it are written as they stand, and
+     *  decoding refuses them outside of attributes. */
     static result<text> make_escaped(string_arg value) {
         auto made = detail::escaped_characters(value);
         if (!made) return made.error();
@@ -2328,13 +2329,17 @@ using attr = basic_attr<qname_arg>;
 
 /** How to import; see xml/xml_import.h, where 0 stands for a default as here. */
 struct import_options {
-    bool locations = false;    ///< Gives every node its location; errors at a place have it anyway.
+    /** Gives every node its location. Refusals have one anyway, those of resolve() only with this.
+     */
+    bool locations = false;
     std::string_view source{}; ///< The name of the text in locations and failures.
     std::int64_t most_expanded = 0, most_amplified = 0, most_nested = 0;
 };
 
 /** Reads any well-formed XML 1.0 document as xmlDocumentTryImport() does, for programs that link
- *  voxml::import too. document::resolve() gives the tree with namespaces. */
+ *  voxml::import too: with errc::charset, xml_declaration, doctype or text, decoding may refuse
+ * what this takes. The document type declaration is gone then. A refusal has no hint.
+ *  document::resolve() gives the tree with namespaces. */
 inline result<document> import_document(const buffer &xml, const import_options &wanted = {}) {
     const auto start = detail::beginning(wanted.source);
     const XML_IMPORT_OPTIONS options = {wanted.locations, wanted.most_expanded,

@@ -264,7 +264,9 @@ class Builder {
         Bytes value(target);
         if (*data) value.append(" ").append(data);
         require(value);
-        Ref made(xmlProcessingInstructionCreate(string(value)));
+        Ref whole = string(value);
+        if (!xmlValueProcessingInstructionValueOk(whole)) return stop(XML_ERROR_INVALID_TOKEN);
+        Ref made(xmlProcessingInstructionCreate(whole));
         setLocation<xmlProcessingInstructionSetLocation>(made, place());
         append(xmlItemCreateProcessingInstruction(made));
     }
@@ -290,12 +292,18 @@ class Builder {
             xmlElementAppendItem(open.back().edit(), item);
     }
 
-    /// Not a new reference.
+    /// Not a new reference. In some character sets Expat takes a few letters for name characters
+    /// that are none; then the document is refused, and another name stands in for as long.
     voString *nameString(std::string_view name) {
         const auto found = names.find(name);
         if (found != names.end()) return found->second;
         require(name);
-        return names.try_emplace(Bytes(name), string(name)).first->second;
+        Ref made = string(name);
+        if (!xmlValueNameOk(made)) {
+            stop(XML_ERROR_INVALID_TOKEN);
+            made = string("_");
+        }
+        return names.try_emplace(Bytes(name), std::move(made)).first->second;
     }
 
     /// Notes whether the character set has what cannot be written as a reference.

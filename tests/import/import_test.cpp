@@ -85,6 +85,16 @@ TEST(Import, RefusalsAreThoseOfExpat) {
     EXPECT_EQ(test::import("<a>\n\xC3\xA9</b>").message, "2:4: error: mismatched tag");
 }
 
+/// Expat takes three characters of ISO-8859-1 and UTF-16 for letters that are none in a name.
+TEST(Import, WhatIsNoNameIsRefusedInEveryCharacterSet) {
+    for (const char *markup : {"<@/>", "<b@/>", "<a b@='1'/>", "<?@ x?><a/>",
+                               "<!DOCTYPE a [<!ATTLIST a @ CDATA '1'>]><a/>"}) {
+        std::string document = "<?xml version='1.0' encoding='ISO-8859-1'?>" + std::string(markup);
+        document[document.find('@')] = char(0xAA);
+        EXPECT_EQ(test::import(document).refusal.code, XML_ERROR_INVALID_TOKEN) << markup;
+    }
+}
+
 /// In a character set that Expat does not know.
 TEST(Import, RefusalsHaveTheirPlaceInAnyCharacterSet) {
     const std::string head = "<?xml version='1.0' encoding='Shift_JIS'?>\n"; // 43 bytes
