@@ -1513,7 +1513,8 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
 
     /** @name Attributes
      *  A value is none where there is no such attribute; the plain one also where it refers to an
-     *  entity that is not predefined. @{ */
+     *  entity that is not predefined. Looking for, setting and removing one take time linear in the
+     *  number of the element's attributes. @{ */
     [[nodiscard]] std::optional<string> attribute(const name_arg &name) const {
         auto checked = Layer::checked_name(name);
         if (!checked) return std::nullopt;
@@ -1619,15 +1620,16 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
      *  `edit(element)` is called with elements that were moved out of their parents for the time,
      *  so that whatever nobody else holds is changed where it is: a change copies neither brothers
      *  nor parents and takes time that does not grow with their number. The function must leave an
-     *  element in the variable. While it runs, an empty text stands in the element's place, and the
-     *  items of its parent must stay as they are: otherwise the process ends when the element is
-     *  put back.
+     *  element in the variable. While it runs, an empty text stands in the element's place, and
+     *  that text must stay where it is: otherwise the process ends when the element is put back.
+     *  What is appended to the parent meanwhile stays, and edit_children() visits it.
      *
      *  These give whether there was such an element, or how many. One for which the function gives
      *  false or 0, as these do, does not count. Where the function gives a `result`, these do too;
      *  the first failure ends the work, and what was changed before stays changed. @{ */
 
-    /** The child element at `index` among the items. */
+    /** The child element at `index` among the items, if one is there. An index outside the items
+     *  ends the process. */
     template <class Edit>
     detail::edited<Edit, basic_element, bool> edit_at(std::int64_t index, Edit &&edit) {
         auto *taken = Layer::element_take_element_at(this->address(), index);
@@ -1668,8 +1670,9 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         } while (way.next());
         return count;
     }
-    /** Moves the child element at `index` among the items out, if one is there. In its place stands
-     *  an empty text, which counts as an item, until set() puts the element back. */
+    /** Moves the child element at `index` among the items out, if one is there; an index outside
+     *  the items ends the process. In its place stands an empty text, which counts as an item,
+     *  until set() puts the element back. */
     [[nodiscard]] std::optional<basic_element> take_at(std::int64_t index) noexcept {
         return detail::optional_of<basic_element>(
             Layer::element_take_element_at(this->address(), index));
@@ -2129,7 +2132,8 @@ template <class Layer> class basic_view {
     }
 
     /** @name Nodes below
-     *  Each range has a cursor of its own and is read once, from its begin() on. @{ */
+     *  Each range has a cursor of its own, so that this view may go, and is read once, from its
+     *  begin() on. @{ */
     [[nodiscard]] basic_views<Layer> items() const { return {*this, kind::item, std::nullopt}; }
     [[nodiscard]] basic_views<Layer> attributes() const {
         return {*this, kind::attribute, std::nullopt};

@@ -51,8 +51,9 @@ typedef struct XML_IMPORT_ERROR {
  *    nodes, attribute defaults added. The document type declaration itself is gone, and so is white
  *    space beside the root.
  *  - The character set is that of the declaration, or UTF-8 or UTF-16, and becomes that of the
- *    document. Characters that it lacks stay character references; where they cannot, as in names
- *    that an entity brings in, the document becomes UTF-8. An unknown name is an error.
+ *    document. Characters that it lacks stay character references, also when the document is given
+ *    another one later; where they cannot, as in names that an entity brings in, the document
+ *    becomes UTF-8. An unknown name is an error.
  *  - A reference to an entity that the document does not define itself, external ones included, is
  *    an error where XML says so and else stays in the text as it stands; xmlTextTryUnescape() gives
  *    null for that. An attribute value with one keeps all its references. Within the text of an
