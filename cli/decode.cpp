@@ -4,6 +4,9 @@
 
 #include "xml/xml_import.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace tool {
 
 std::optional<Place> placeOf(voParserLocation *location) {
@@ -74,8 +77,12 @@ static Decoded decodeOnce(voBuffer *input, DecodeWish wish) {
     return decoded;
 }
 
-/// Whether importing takes what decoding refuses.
-static bool canBeImported(voBuffer *input) {
+/// Whether importing takes an input that decoding has refused for this reason.
+static bool canBeImported(voBuffer *input, std::string_view code) {
+    static constexpr std::string_view lifted[] = {"CHARSET", "XML_DECLARATION", "DOCTYPE",
+                                                  "COMMENT", "ATTRIBUTE_LIST",  "TEXT"};
+    code.remove_prefix(std::min(code.size(), std::string_view("XML_DECODE_ERROR_CODE_").size()));
+    if (std::ranges::find(lifted, code) == std::end(lifted)) return false;
     Decoded decoded;
     import(input, {}, decoded);
     return !decoded.failure;
@@ -86,7 +93,8 @@ Decoded decode(voBuffer *input, DecodeWish wish) {
     if (!decoded.failure || wish.locations) return decoded;
     wish.locations = true;
     decoded = decodeOnce(input, wish);
-    if (!wish.import && !decoded.document && decoded.failure && canBeImported(input))
+    if (!wish.import && !decoded.document && decoded.failure &&
+        canBeImported(input, decoded.failure->code))
         decoded.failure->hint += (decoded.failure->hint.empty() ? "" : "; ") +
                                  std::string("importing takes it: 'voxml import', or --import");
     return decoded;

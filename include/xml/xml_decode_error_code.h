@@ -14,9 +14,9 @@ typedef int64_t XML_DECODE_ERROR_CODE;
 enum {
     /** No XML declaration is found within the first 1,024 bytes, so that the character set is not
      *  known (the input may be empty); or the bytes are not text in the character set of the
-     *  document. There is no place. */
+     *  document. There is no place, but see xmlDocumentTryDecodeFile(). */
     XML_DECODE_ERROR_CODE_CHARSET = 0,
-    /** The XML declaration is malformed. */
+    /** The XML declaration is malformed. The place is behind "<?xml", or where reading stopped. */
     XML_DECODE_ERROR_CODE_XML_DECLARATION = 1,
     /** A document type declaration, which is refused. */
     XML_DECODE_ERROR_CODE_DOCTYPE = 2,

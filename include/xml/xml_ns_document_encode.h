@@ -14,8 +14,9 @@ VO_BEGIN_DECLS
  *  - The map of an element becomes declarations on that element, in its order, behind the other
  *    attributes.
  *  - Namespaces that no map in scope binds get the prefixes a, b, ... z, ba, bb, ..., leaving out
- *    those that a map of the document declares; each element at the top declares them all. The
- *    same goes for namespaces of attributes that are bound as default namespace only.
+ *    those that a map of the document declares; each element at the top declares them all,
+ *    in front of its own map, so that they come first. The same goes for namespaces of attributes
+ *    that are bound as default namespace only; elements then take that prefix, too.
  *  - A name takes the earliest binding of its namespace that is in force; a binding that is
  *    declared again counts from there. Elements may take a default namespace, attributes never.
  *  - An element without namespace under a default namespace declares xmlns="", and the elements
