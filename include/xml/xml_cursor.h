@@ -106,7 +106,7 @@ VO_API XML_UTF8 xmlCursorValueTryUnescape(XML_CURSOR *cursor);
 /** Where the node stands in what was decoded, if that was recorded; then the result is 1 and the
  *  numbers, each of which may be asked for with a pointer that is not null, are those of the node's
  *  location: code points from 0, line and column from 1. Otherwise the result is 0 and nothing is
- *  written. */
+ *  written. Going on in document order, this takes time in proportion to the way between. */
 VO_API int xmlCursorLocation(XML_CURSOR *cursor, int64_t *optionalOffset, int64_t *optionalLine,
                              int64_t *optionalColumn);
 

@@ -29,6 +29,9 @@ VO_NEW XML_DECODE_RESULT *xmlDocumentTryDecodeFile(const char *path, XML_OPTIONS
 /** Encodes a document with xmlDocumentTryEncode() and writes it with voFileReplace(): what was at
  *  `path` is replaced once the new file is whole, and stays as it is when anything fails.
  *
+ *  Whether a file that was read began with a byte-order mark the document does not know; to write
+ *  one set VO_CHARSET_FLAG_BOM among the encode charset flags.
+ *
  *  @param optionalOpt null stands for the defaults, see xml/xml_options.h.
  *  @return 0, the errno value of what went wrong, or XML_FILE_ERROR_CHARSET, which is not an
  *  errno value and has no text in voFileErrorText(). */

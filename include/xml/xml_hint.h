@@ -12,8 +12,9 @@ VO_BEGIN_DECLS
 /** @name Hints
  *  A second look at bytes that were refused. `xml` is what was decoded, with the default charset
  *  flags. An error with a location counts when the location counts from the first character of
- *  `xml`, as without an optional location; errors have one when XML_FLAG_DECODE_LOCATION was set.
- *  Takes time in proportion to the text, with a factor above that of decoding. @{ */
+ *  `xml`, as without an optional location, with a source or not; errors have one when
+ *  XML_FLAG_DECODE_LOCATION was set. Takes time in proportion to the text, with a factor above that
+ *  of decoding. @{ */
 
 /** A sentence for the author of the document, without a full stop; null where nothing is known
  *  beyond the error's message, and where `xml` does not give that error at that place. It may quote

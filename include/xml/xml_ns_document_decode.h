@@ -18,7 +18,8 @@ VO_BEGIN_DECLS
  *
  *  An element that goes from one document to another keeps its names, and leaves the declarations
  *  around it behind: prefixes are found anew when it is written, and prefixes in its texts and
- *  values mean what its new place declares.
+ *  values mean what its new place declares. To keep those, give it a map of what was in scope
+ *  (xmlNsElementSetNamespaceMap()).
  *
  *  The prefix "xml" stands for its reserved namespace whatever the document declares. A prefix
  *  declared with an empty value stands for no namespace.
