@@ -13,7 +13,9 @@ typedef uint64_t XML_FLAGS;
 /** Decoding gives every error, element, attribute and other node the location where it begins: of
  *  an element or another piece of markup the `<`, of an attribute its name, of a text its first
  *  character. Where a node ends is not recorded. Offset and column count code points of the decoded
- *  text, without a byte-order mark that was consumed. The texts of attributes have no
+ *  text, without a byte-order mark that was consumed. Lines end with every newline of
+ *  vo/vo_newline.h, form feeds and U+2028 among them; to count as editors do set the decode newline
+ *  flags to VO_NLF_FLAG_LF | VO_NLF_FLAG_CRLF | VO_NLF_FLAG_CR. The texts of attributes have no
  *  location of their own, and errors of the character set have none but the one that decoding was
  *  given. */
 #define XML_FLAG_DECODE_LOCATION UINT64_C(1)
