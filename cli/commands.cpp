@@ -50,25 +50,26 @@ template <class Handle> Status forEach(const Request &request, Handle handle) {
     return forEach(request, inputsOf(request), handle);
 }
 
-/// The text of an input for showing a line of it; null where the bytes are none.
+/// The text of an input for showing a line of it; empty where it is not known.
 Ref<voString> textOf(const Input &input) {
     Ref text(xmlDocumentTryDecodeText(input.bytes));
-    if (text) return text;
-    return Ref(voCharsetTryConvertBufferToStringWithFlags(VO_CHARSET_UTF_8, input.bytes,
-                                                          VO_CHARSET_FLAG_BOM));
+    if (!text)
+        text = Ref(voCharsetTryConvertBufferToStringWithFlags(VO_CHARSET_UTF_8, input.bytes,
+                                                              VO_CHARSET_FLAG_BOM));
+    return text ? std::move(text) : makeString(Chars());
 }
 
 Status refuse(const Input &input, const Failure &failure) {
     Ref text = textOf(input);
     report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
-           text ? chars(text) : Chars());
+           chars(text));
     return refused;
 }
 
 /// Reports a text that the character set of the output lacks characters for.
 Status refuseMisfit(const Input &input, XML_DOCUMENT *document) {
     Ref text = textOf(input);
-    const Misfit misfit = firstMisfit(input.bytes, chars(text), xmlDocumentCharset(document));
+    const Misfit misfit = firstMisfit(input.bytes, chars(text), document);
     report({input.name, misfit.place, misfit.text, {}, misfit.hint}, chars(text));
     return charsetTooSmall;
 }

@@ -68,7 +68,20 @@ static std::string hintAbout(uint32_t ch) {
     return isSurrogate ? "a surrogate is not a character" : universal;
 }
 
-Misfit firstMisfit(voBuffer *input, Chars text, voCharset charset) {
+/// The first in what would be written, such as a character that came of a reference. Its place is
+/// not known.
+static std::optional<uint32_t> findWrittenMisfit(XML_DOCUMENT *document, voCharset charset) {
+    Ref copy(xmlDocumentCreateFrom(document));
+    xmlDocumentSetCharset(copy.edit(), VO_CHARSET_UTF_8);
+    Ref bytes(xmlDocumentTryEncode(copy, optionsWith(0)));
+    if (!bytes) return std::nullopt;
+    Ref text(voCharsetTryConvertBufferToStringWithFlags(VO_CHARSET_UTF_8, bytes, 0));
+    const size_t index = indexOfMisfit(chars(text), charset);
+    return index < chars(text).size() ? std::optional(chars(text)[index]) : std::nullopt;
+}
+
+Misfit firstMisfit(voBuffer *input, Chars text, XML_DOCUMENT *document) {
+    const voCharset charset = xmlDocumentCharset(document);
     const std::string lacks = charsetName(charset) + " lacks the ";
     const size_t index = indexOfMisfit(text, charset);
     if (index < text.size())
@@ -76,8 +89,11 @@ Misfit firstMisfit(voBuffer *input, Chars text, voCharset charset) {
     const Decoded decoded = decode(input, {.namespaces = true, .locations = true});
     std::optional<NameMisfit> name;
     if (decoded.nsDocument) name = findNameMisfit(decoded.document, charset);
-    if (!name)
+    if (!name) {
+        if (const auto ch = findWrittenMisfit(document, charset))
+            return {{}, lacks + describe(*ch), hintAbout(*ch)};
         return {{}, lacks + "characters of the document as they follow each other", universal};
+    }
     return {name->place, lacks + describe(name->ch) + " of a namespace name", hintAbout(name->ch)};
 }
 

@@ -13,7 +13,7 @@ struct Misfit {
     std::string hint;
 };
 
-/// `text` is that of an input whose document does not fit into `charset`.
-Misfit firstMisfit(voBuffer *input, Chars text, voCharset charset);
+/// `text` is that of an input whose document does not fit into its character set; it may be empty.
+Misfit firstMisfit(voBuffer *input, Chars text, XML_DOCUMENT *document);
 
 } // namespace tool

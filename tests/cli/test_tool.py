@@ -320,6 +320,14 @@ class Importing(ToolTest):
         self.expect(["import", "-i", "a.xml"], 0)
         self.expect(["canonical", "a.xml"], 0, written)
 
+    def test_a_character_that_does_not_fit_need_not_stand_in_the_text(self):
+        for content in "<a>\u20ac</a>".encode("utf-16"), b"<a>&#x20AC;</a>":
+            with self.subTest(content):
+                self.put("a.xml", content)
+                self.expect(["convert", "--import", "--to", "us-ascii", "a.xml"], 4, stderr=
+                            "a.xml: error: US-ASCII lacks the character U+20AC '\u20ac'\n"
+                            "hint: UTF-8 has every character\n")
+
     def test_what_is_not_well_formed_has_a_place_and_the_line(self):
         self.put("a.xml", b"<a>\n  <b></a>")
         self.expect(["import", "a.xml"], 1,
