@@ -19,7 +19,7 @@ XML_IMPORT_OPTIONS withDefaults(const XML_IMPORT_OPTIONS *optional) {
 Ref<voParserLocation> locate(const xml::ImportInput &input, int64_t place,
                              voParserLocation *optionalStart) {
     Ref text = input.textBefore(place);
-    const uint8_t *begin = voBufferBacking(text), *end = begin + voBufferLength(text);
+    const auto [begin, end] = xml::pieceOf(text);
     return Ref(xml::Locator(begin, end, xml::xmlNewlines, optionalStart).locate(end));
 }
 

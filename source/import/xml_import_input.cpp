@@ -3,6 +3,7 @@
 #include "source/import/xml_import_parser.hpp"
 #include "source/import/xml_import_text.hpp"
 #include "source/vo/vo_utf.hpp"
+#include "source/xml/base/xml_input.hpp"
 
 #include <algorithm>
 #include <optional>
@@ -13,14 +14,7 @@ using vo::Ref;
 namespace xml {
 namespace {
 
-constexpr int64_t headLength = 1024;
-constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view replacementChar = "\xEF\xBF\xBD";
-
-Piece pieceOf(voBuffer *buffer) {
-    const uint8_t *begin = voBufferBacking(buffer);
-    return {begin, begin + voBufferLength(buffer)};
-}
 
 Ref<voBuffer> part(voBuffer *buffer, int64_t from, int64_t to) {
     Ref cut(vo::retained(buffer));
@@ -100,10 +94,6 @@ int64_t countChars(voBuffer *utf8) {
 }
 
 } // namespace
-
-Piece behindMark(Piece text) {
-    return {text.begin + (text.bytes().starts_with(utf8Mark) ? utf8Mark.size() : 0), text.end};
-}
 
 ImportInput readImportInput(voBuffer *xml) {
     const Form &form = formOf(xml);

@@ -18,10 +18,7 @@ struct ImportInput {
     /// wrong in it or with the name of its character set.
     bool isUtf8 = true;
 
-    Piece text() const {
-        const uint8_t *begin = voBufferBacking(read);
-        return {begin, begin + voBufferLength(read)};
-    }
+    Piece text() const { return pieceOf(read); }
 
     /// Whether Expat can read a character set other than UTF-8 by itself.
     bool isKnownToExpat() const;
@@ -39,9 +36,6 @@ struct ImportInput {
     /// Where that place is in the whole original, in bytes.
     int64_t originalPlace(int64_t place) const;
 };
-
-/// A UTF-8 text behind its byte-order mark, if it has one.
-Piece behindMark(Piece text);
 
 ImportInput readImportInput(voBuffer *xml);
 

@@ -12,8 +12,6 @@ using vo::Ref;
 namespace xml {
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
 constexpr voCharset unicodeCharsets[] = {
     VO_CHARSET_UTF_8,    VO_CHARSET_UTF_16BE, VO_CHARSET_UTF_16LE,
     VO_CHARSET_UTF_32BE, VO_CHARSET_UTF_32LE,
@@ -27,11 +25,6 @@ struct Head : Piece {
         return true;
     }
 };
-
-Piece textOf(voBuffer *utf8) {
-    const uint8_t *begin = voBufferBacking(utf8);
-    return {begin, begin + voBufferLength(utf8)};
-}
 
 voCharset charsetNamed(std::string_view name) {
     if (name == "UTF-8" || name == "utf-8") return VO_CHARSET_UTF_8; // most documents
@@ -59,7 +52,7 @@ std::optional<voCharset> declaredCharset(Head &head) {
 Declaration declarationIfReadAs(voCharset candidate, voBuffer *head) {
     Ref text(voCharsetTryConvertBufferToUtf8WithFlags(candidate, head, VO_CHARSET_FLAG_SNIFF));
     if (!text) return {candidate, {}};
-    Head rest{textOf(text)};
+    Head rest{pieceOf(text)};
     rest.begin = skipS(rest.begin, rest.end);
     if (!rest.skip("<?xml")) return {candidate, {}};
     const bool isTarget = rest.begin < rest.end && isSpace(*rest.begin);
@@ -71,8 +64,7 @@ Declaration declarationIfReadAs(voCharset candidate, voBuffer *head) {
 /// do. Nothing when a byte that is not ASCII comes too early to be sure.
 std::optional<voCharset> charsetOfPlainHead(voBuffer *bytes) {
     const uint8_t *begin = voBufferBacking(bytes);
-    Head head{begin, begin + std::min(voBufferLength(bytes), headLength)};
-    head.skip(byteOrderMark);
+    Head head{behindMark({begin, begin + std::min(voBufferLength(bytes), headLength)})};
     head.end = vo::skipAscii(head.begin, head.end);
     if (!head.skip("<?xml") || head.begin == head.end || !isSpace(*head.begin)) return std::nullopt;
     if (const auto named = declaredCharset(head)) return named;
@@ -106,13 +98,13 @@ Input readInput(voBuffer *bytes, voCharsetFlags flags) {
     const auto charset = findCharset(bytes);
     if (!charset) return {VO_CHARSET_UTF_8, {}};
     if (*charset == VO_CHARSET_UTF_8 && !(flags & VO_CHARSET_FLAG_SNIFF)) {
-        Head text{textOf(bytes)};
-        if (flags & VO_CHARSET_FLAG_BOM) text.skip(byteOrderMark);
+        const bool unmark = flags & VO_CHARSET_FLAG_BOM;
+        const Piece text = unmark ? behindMark(pieceOf(bytes)) : pieceOf(bytes);
         if (!vo___Utf8IsValid(text.begin, text.size())) return {*charset, {}};
         return {*charset, Ref(vo::retained(bytes)), text};
     }
     Ref utf8(voCharsetTryConvertBufferToUtf8WithFlags(*charset, bytes, flags));
-    const Piece text = utf8 ? textOf(utf8) : Piece{};
+    const Piece text = utf8 ? pieceOf(utf8) : Piece{};
     return {*charset, std::move(utf8), text};
 }
 

@@ -1,6 +1,7 @@
 // A piece of a text.
 #pragma once
 
+#include "vo/vo_buffer.h"
 #include "vo/vo_string.h"
 
 #include <cstdint>
@@ -18,6 +19,17 @@ struct Piece {
         return {reinterpret_cast<const char *>(begin), size_t(size())};
     }
 };
+
+inline Piece pieceOf(voBuffer *buffer) {
+    const uint8_t *begin = voBufferBacking(buffer);
+    return {begin, begin + voBufferLength(buffer)};
+}
+
+/// A UTF-8 text behind its byte-order mark, if it has one.
+inline Piece behindMark(Piece text) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    return {text.begin + (text.bytes().starts_with(mark) ? mark.size() : 0), text.end};
+}
 
 /// A new string with the text of the piece.
 inline voString *createString(Piece piece) {

@@ -29,7 +29,7 @@ Message number(int64_t value, int base = 10) {
 Message charsetName(voCharset charset) {
     Ref name(voCharsetToIanaName(charset));
     Ref bytes(voStringTryToUtf8(name));
-    return {reinterpret_cast<const char *>(voBufferBacking(bytes)), size_t(voBufferLength(bytes))};
+    return Message(pieceOf(bytes).bytes());
 }
 
 /// A name from the input, as far as it fits into a message.
@@ -65,9 +65,8 @@ Message lineAndColumn(Piece text, const uint8_t *at) {
 /// The head of an input as UTF-8, whatever it is.
 Ref<voBuffer> guess(voBuffer *input) {
     Ref head = headOf(input);
-    const Piece bytes{voBufferBacking(head), voBufferBacking(head) + voBufferLength(head)};
-    const bool isMarked =
-        bytes.bytes().starts_with("\xfe\xff") || bytes.bytes().starts_with("\xff\xfe");
+    const std::string_view bytes = pieceOf(head).bytes();
+    const bool isMarked = bytes.starts_with("\xfe\xff") || bytes.starts_with("\xff\xfe");
     return Ref(voCharsetTryConvertBufferToUtf8WithFlags(
         isMarked ? VO_CHARSET_UTF_16 : VO_CHARSET_UTF_8, head, VO_CHARSET_FLAG_SNIFF));
 }
@@ -85,8 +84,7 @@ bool hasDeclaration(std::string_view head, size_t at) {
 Message missingDeclaration(voBuffer *input) {
     constexpr int64_t sample = 16;
     Ref utf8 = guess(input);
-    const std::string_view head(reinterpret_cast<const char *>(voBufferBacking(utf8)),
-                                size_t(voBufferLength(utf8)));
+    const std::string_view head = pieceOf(utf8).bytes();
     const size_t start = skipSpace(head, 0);
     const std::string_view target = beginsWith(head, start, "<?") ? nameAt(head, start + 2) : "";
     if (target != "xml" && lowered(target) == "xml")
@@ -103,11 +101,6 @@ Message missingDeclaration(voBuffer *input) {
            Message(head.substr(0, placeOfChar(head, sample))) + "\"";
 }
 
-const uint8_t *behindMark(const uint8_t *begin, const uint8_t *end) {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    return Piece{begin, end}.bytes().starts_with(mark) ? begin + mark.size() : begin;
-}
-
 Message illFormedUtf8(const Refused &refused) {
     const int64_t offset = refused.firstIllFormed();
     if (offset < 0) return {};
@@ -116,7 +109,7 @@ Message illFormedUtf8(const Refused &refused) {
     std::transform(hexByte.begin(), hexByte.end(), hexByte.begin(),
                    [](char ch) { return ch >= 'a' ? char(ch - 'a' + 'A') : ch; });
     Message hint = "byte 0x" + hexByte + " at offset " + number(offset) + " (" +
-                   lineAndColumn({behindMark(begin, bad), bad}, bad) + ") is not well-formed UTF-8";
+                   lineAndColumn(behindMark({begin, bad}), bad) + ") is not well-formed UTF-8";
     if (!refused.declaredEncoding().empty()) return hint;
     return hint + (refused.hasWholeDeclaration()
                        ? "; the declaration names no other encoding"
