@@ -31,7 +31,7 @@ Inputs inputsOf(const Request &request) {
 }
 
 DecodeWish wishOf(const Request &request) {
-    return {request.namespaces, request.locations, request.import};
+    return {request.namespaces, request.locations, request.import, !request.quiet};
 }
 
 /// Handles every file, whatever becomes of the others.
@@ -59,7 +59,8 @@ Ref<voString> textOf(const Input &input) {
     return text ? std::move(text) : makeString(Chars());
 }
 
-Status refuse(const Input &input, const Failure &failure) {
+Status refuse(const Request &request, const Input &input, const Failure &failure) {
+    if (request.quiet) return refused;
     Ref text = textOf(input);
     report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
            chars(text));
@@ -67,7 +68,8 @@ Status refuse(const Input &input, const Failure &failure) {
 }
 
 /// Reports a text that the character set of the output lacks characters for.
-Status refuseMisfit(const Input &input, XML_DOCUMENT *document) {
+Status refuseMisfit(const Request &request, const Input &input, XML_DOCUMENT *document) {
+    if (request.quiet) return charsetTooSmall;
     Ref text = textOf(input);
     const Misfit misfit = firstMisfit(input.bytes, chars(text), document);
     report({input.name, misfit.place, misfit.text, {}, misfit.hint}, chars(text));
@@ -77,7 +79,7 @@ Status refuseMisfit(const Input &input, XML_DOCUMENT *document) {
 Status deliver(const Request &request, const Input &input, XML_DOCUMENT *document) {
     Ref options = optionsWith(request.noDeclaration ? XML_FLAG_ENCODE_OMIT_XML_DECLARATION : 0);
     Ref encoded(xmlDocumentTryEncode(document, options));
-    if (!encoded) return refuseMisfit(input, document);
+    if (!encoded) return refuseMisfit(request, input, document);
     const std::string &path = request.inPlace ? input.path : request.output;
     if (path.empty() || path == "-") {
         writeOut({reinterpret_cast<const char *>(voBufferBacking(encoded)),
@@ -107,7 +109,7 @@ Status rewrite(const Request &request, std::optional<voCharset> charset) {
     }
     return forEach(request, inputs, [&](const Input &input) {
         Decoded decoded = decode(input.bytes, wishOf(request));
-        if (decoded.failure) return refuse(input, *decoded.failure);
+        if (decoded.failure) return refuse(request, input, *decoded.failure);
         Ref document = request.namespaces ? Ref(xmlNsDocumentEncode(decoded.nsDocument))
                                           : std::move(decoded.document);
         if (charset) xmlDocumentSetCharset(document.edit(), *charset);
@@ -120,7 +122,7 @@ Status rewrite(const Request &request, std::optional<voCharset> charset) {
 Status check(const Request &request) {
     return forEach(request, [&](const Input &input) {
         const Decoded decoded = decode(input.bytes, wishOf(request));
-        return decoded.failure ? refuse(input, *decoded.failure) : fine;
+        return decoded.failure ? refuse(request, input, *decoded.failure) : fine;
     });
 }
 
@@ -139,7 +141,7 @@ Status convert(const Request &request) {
 Status tree(const Request &request) {
     return forEach(request, [&](const Input &input) {
         const Decoded decoded = decode(input.bytes, wishOf(request));
-        if (decoded.failure) return refuse(input, *decoded.failure);
+        if (decoded.failure) return refuse(request, input, *decoded.failure);
         printTree(decoded, wishOf(request));
         return fine;
     });
@@ -153,7 +155,7 @@ Status stats(const Request &request) {
         const auto start = Clock::now();
         const Decoded decoded = decode(input.bytes, wishOf(request));
         const auto end = Clock::now();
-        if (decoded.failure) return refuse(input, *decoded.failure);
+        if (decoded.failure) return refuse(request, input, *decoded.failure);
         Stats one;
         one.time = end - start;
         one.bytes = voBufferLength(input.bytes);

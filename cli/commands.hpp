@@ -19,6 +19,7 @@ struct Request {
     bool import = false;
     bool namespaces = false;
     bool failFast = false;
+    bool quiet = false; ///< No messages about inputs.
     bool noDeclaration = false;
     bool locations = false;
     std::string output;       ///< Standard output when empty or "-".

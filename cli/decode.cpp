@@ -90,7 +90,7 @@ static bool canBeImported(voBuffer *input, std::string_view code) {
 
 Decoded decode(voBuffer *input, DecodeWish wish) {
     Decoded decoded = decodeOnce(input, wish);
-    if (!decoded.failure || wish.locations) return decoded;
+    if (!decoded.failure || wish.locations || !wish.describe) return decoded;
     wish.locations = true;
     decoded = decodeOnce(input, wish);
     if (!wish.import && !decoded.document && decoded.failure &&

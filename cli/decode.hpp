@@ -33,6 +33,7 @@ struct DecodeWish {
     bool namespaces = false; ///< Decode the namespaces as well.
     bool locations = false;  ///< Record a location in every node.
     bool import = false;     ///< Take any well-formed XML document.
+    bool describe = true;    ///< Find out where and why an input is refused, which takes time.
 };
 
 /// A decoded document, or why there is none.
@@ -42,8 +43,8 @@ struct Decoded {
     std::optional<Failure> failure;
 };
 
-/// Decodes or imports, without locations unless they are wished for, which is faster. A failure has
-/// a place in either case.
+/// Decodes or imports, without locations unless they are wished for, which is faster. A failure
+/// that is to be described has a place in either case.
 Decoded decode(voBuffer *input, DecodeWish wish);
 
 /// Options of the library with these flags.

@@ -5,6 +5,7 @@
 #include <deque>
 #include <mutex>
 #include <new>
+#include <optional>
 #include <thread>
 
 namespace tool {
@@ -14,7 +15,6 @@ using Handle = std::function<Status(const std::string &)>;
 
 /// What became of a file.
 struct Outcome {
-    bool isDone = false;
     Status status = fine;
     Transcript transcript;
 };
@@ -43,8 +43,8 @@ class Workers {
     /// The outcome of the next file, once it is there.
     Outcome take() {
         std::unique_lock lock(mutex);
-        changed.wait(lock, [this] { return !outcomes.empty() && outcomes.front().isDone; });
-        Outcome first = std::move(outcomes.front());
+        changed.wait(lock, [this] { return !outcomes.empty() && outcomes.front(); });
+        Outcome first = *std::move(outcomes.front());
         outcomes.pop_front();
         ++taken;
         lock.unlock();
@@ -69,7 +69,7 @@ class Workers {
     }
 
     Outcome handled(const std::string &file) const {
-        Outcome outcome{true, fine, {}};
+        Outcome outcome;
         const Redirect redirect(outcome.transcript);
         try {
             outcome.status = handle(file);
@@ -84,7 +84,7 @@ class Workers {
     const size_t ahead; ///< How many files may be in work or wait to be shown.
     std::mutex mutex;
     std::condition_variable changed;
-    std::deque<Outcome> outcomes; ///< Of the files from `taken` to `next`.
+    std::deque<std::optional<Outcome>> outcomes; ///< Of the files from `taken` to `next`.
     size_t taken = 0;
     size_t next = 0;
     std::vector<std::thread> crew;

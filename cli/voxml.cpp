@@ -60,7 +60,8 @@ class CommandLine {
         request.command = app.get_subcommands().front()->get_name();
         if (request.jobs == 0) request.jobs = std::max(1U, std::thread::hardware_concurrency());
         setColors(colors);
-        setMessages(json ? Messages::json : quiet ? Messages::none : Messages::forPeople);
+        request.quiet = request.quiet && !json;
+        setMessages(json ? Messages::json : request.quiet ? Messages::none : Messages::forPeople);
         return command(request);
     }
 
@@ -126,7 +127,8 @@ class CommandLine {
             ->allow_extra_args(false);
         sub->add_option("--stdin-name", request.standardInput, "What messages call standard input")
             ->option_text("NAME");
-        sub->add_flag("-q,--quiet", quiet, "No messages about inputs, only the exit status");
+        sub->add_flag("-q,--quiet", request.quiet,
+                      "No messages about inputs, only the exit status");
         sub->add_flag("--json-errors", json, "Messages as JSON, one object a line");
         sub->add_option("--color", colors, "When to use colours: auto, always or never")
             ->option_text("WHEN")
@@ -206,7 +208,6 @@ class CommandLine {
     CLI::App app{"Reads and writes XML documents.", "voxml"};
     Request request;
     Colors colors = Colors::automatic;
-    bool quiet = false;
     bool json = false;
     Command command = nullptr;
 };
