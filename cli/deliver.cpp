@@ -1,0 +1,44 @@
+#include "deliver.hpp"
+
+#include "misfit.hpp"
+
+#include <algorithm>
+
+namespace tool {
+
+std::string whyNoOutput(const Request &request, const std::vector<std::string> &files) {
+    if (request.inPlace && !request.output.empty()) return "-i and -o exclude each other";
+    if (request.inPlace && std::ranges::count(files, "-")) return "-i: takes no standard input";
+    if (request.inPlace || files.size() <= 1 || request.concatenate) return "";
+    return request.output.empty() ? "several documents would become one text; "
+                                    "use -i, or --concatenate if that is wanted"
+                                  : "-o: takes one input file only";
+}
+
+/// Reports a text that the character set of the output lacks characters for.
+static Status refuseMisfit(const Request &request, const Input &input, XML_DOCUMENT *document) {
+    if (request.quiet) return charsetTooSmall;
+    Ref text = textOf(input);
+    const Misfit misfit = firstMisfit(input.bytes, chars(text), document);
+    report({input.name, misfit.place, misfit.text, {}, misfit.hint}, chars(text));
+    return charsetTooSmall;
+}
+
+Status deliver(const Request &request, const Input &input, XML_DOCUMENT *document) {
+    Ref options = optionsWith(request.noDeclaration ? XML_FLAG_ENCODE_OMIT_XML_DECLARATION : 0);
+    Ref encoded(xmlDocumentTryEncode(document, options));
+    return encoded ? deliver(request, input, encoded) : refuseMisfit(request, input, document);
+}
+
+Status deliver(const Request &request, const Input &input, voBuffer *bytes) {
+    const std::string &path = request.inPlace ? input.path : request.output;
+    if (path.empty() || path == "-") {
+        writeOut({reinterpret_cast<const char *>(voBufferBacking(bytes)),
+                  static_cast<size_t>(voBufferLength(bytes))});
+        return fine;
+    }
+    const int error = voFileReplace(path.c_str(), bytes);
+    return error ? reportFile(path, "cannot be written", error) : fine;
+}
+
+} // namespace tool

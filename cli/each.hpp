@@ -1,0 +1,37 @@
+// What all commands that take files do with them.
+#pragma once
+
+#include "inputs.hpp"
+#include "request.hpp"
+
+#include <functional>
+
+namespace tool {
+
+struct Input {
+    std::string path;
+    std::string name; ///< For messages.
+    Ref<voBuffer> bytes;
+};
+
+/// The files that the command line names; none is trouble as well.
+Inputs inputsOf(const Request &request);
+
+/// Reads each file and handles it, whatever becomes of the others.
+Status forEach(const Request &request, const Inputs &inputs,
+               const std::function<Status(const Input &)> &handle);
+
+/// Decodes each file as well; what cannot be decoded is reported instead of handled.
+Status forEachDecoded(const Request &request, const Inputs &inputs,
+                      const std::function<Status(const Input &, Decoded &)> &handle);
+
+/// How a command decodes its inputs.
+DecodeWish wishOf(const Request &request);
+
+/// The text of an input for showing a line of it; empty where it is not known.
+Ref<voString> textOf(const Input &input);
+
+/// Reports why an input is not acceptable.
+Status refuse(const Request &request, const Input &input, const Failure &failure);
+
+} // namespace tool

@@ -1,0 +1,30 @@
+// What the command line asks for.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace tool {
+
+/// What the command line asks for. Each command looks at what concerns it.
+struct Request {
+    std::string command;                           ///< As it is named in messages.
+    std::vector<std::string> files;                ///< "-" is standard input; never empty.
+    std::string standardInput = "<stdin>";         ///< What messages call that.
+    bool recursive = false;                        ///< Read the files in folders
+    std::vector<std::string> patterns = {"*.xml"}; ///< whose names match one of these.
+    size_t jobs = 1;
+    bool import = false;
+    bool namespaces = false;
+    bool failFast = false;
+    bool quiet = false; ///< No messages about inputs.
+    bool noDeclaration = false;
+    bool locations = false;
+    std::string output;       ///< Standard output when empty or "-".
+    bool inPlace = false;     ///< Write each document over its file.
+    bool concatenate = false; ///< Several documents may go to one output.
+    std::string charset;
+};
+
+} // namespace tool
