@@ -2011,38 +2011,71 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
 
 namespace detail {
 
-/// Short strings that stay where they are until all are forgotten.
+/// Short strings that stay where they are until all are forgotten. Those that lie in a text which
+/// stays anyway are not copied.
 class text_store {
   public:
-    std::string_view keep(std::string_view text) {
+    explicit text_store(XML_UTF8 staying) noexcept : staying_(staying) {}
+
+    XML_UTF8 staying() const noexcept { return staying_; }
+
+    std::string_view keep(std::string_view text) { return stays(text) ? text : copy(text); }
+    void forget() noexcept {
+        if (at_) clear();
+    }
+
+  private:
+    bool stays(std::string_view text) const noexcept {
+        const auto address = [](const char *at) { return reinterpret_cast<std::uintptr_t>(at); };
+        return address(text.data()) - address(staying_.bytes) <
+               static_cast<std::uintptr_t>(staying_.length);
+    }
+    std::string_view copy(std::string_view text) {
         if (text.empty()) return {"", 0};
-        if (text.size() > left_) grow(text.size());
+        if (text.size() > left_) provide(text.size());
         char *const kept = at_;
         std::memcpy(kept, text.data(), text.size());
         at_ += text.size();
         left_ -= text.size();
         return {kept, text.size()};
     }
-    void forget() noexcept {
+    void provide(std::size_t least) {
+        if (at_ || least > capacity_) {
+            const std::size_t size = capacity_ * 2 + 256 > least ? capacity_ * 2 + 256 : least;
+            std::unique_ptr<char[]> next(new char[size]);
+            if (at_) former_.push_back(std::move(block_));
+            block_ = std::move(next);
+            capacity_ = size;
+        }
+        at_ = block_.get();
+        left_ = capacity_;
+    }
+    void clear() noexcept {
         former_.clear();
-        at_ = block_.get();
-        left_ = capacity_;
+        at_ = nullptr;
+        left_ = 0;
     }
 
-  private:
-    void grow(std::size_t least) {
-        if (block_) former_.push_back(std::move(block_));
-        capacity_ = capacity_ * 2 + 256 > least ? capacity_ * 2 + 256 : least;
-        block_.reset(new char[capacity_]);
-        at_ = block_.get();
-        left_ = capacity_;
-    }
-
-    std::unique_ptr<char[]> block_; ///< The last one;
+    XML_UTF8 staying_;
+    std::unique_ptr<char[]> block_; ///< The last one,
+    std::size_t capacity_ = 0;      ///< which has so many bytes.
     std::vector<std::unique_ptr<char[]>> former_;
-    char *at_ = nullptr;
-    std::size_t left_ = 0;     ///< of it so much is left,
-    std::size_t capacity_ = 0; ///< and it has so many bytes.
+    char *at_ = nullptr;   ///< Where the next copy goes; null when there is none yet.
+    std::size_t left_ = 0; ///< So many bytes of the block are left behind that.
+};
+
+/// Takes a cursor back from so many levels below.
+struct way_back {
+    XML_CURSOR *cursor;
+    std::int64_t depth = 0;
+
+    explicit way_back(XML_CURSOR *stray) noexcept : cursor(stray) {}
+    way_back(const way_back &) = delete;
+    way_back &operator=(const way_back &) = delete;
+    ~way_back() {
+        for (; depth != 0; --depth)
+            xmlCursorParent(cursor);
+    }
 };
 
 /// Moves a cursor, which stands so many levels below a node, to the next item below that in
@@ -2066,7 +2099,8 @@ template <class Layer> class basic_views;
  *  reading included.
  *
  *  The strings that a view gives stay valid as long as the view lives, is not assigned and, in a
- *  range, is not followed by the next; each takes memory until then. */
+ *  range, is not followed by the next; those that are not in the document as it was decoded take
+ *  memory until then. */
 template <class Layer> class basic_view {
   public:
     using name_view = typename Layer::name_view;
@@ -2075,7 +2109,9 @@ template <class Layer> class basic_view {
     explicit basic_view(const basic_document<Layer> &doc)
         : cursor_(adopt, Layer::cursor(doc.get())) {}
     explicit basic_view(const basic_element<Layer> &el) : cursor_(adopt, Layer::cursor(el.get())) {}
-    basic_view(const basic_view &other) : cursor_(adopt, xmlCursorCreateHere(other.at_home())) {}
+    basic_view(const basic_view &other)
+        : cursor_(adopt, xmlCursorCreateHere(other.cursor_.get())), store_(other.store_.staying()) {
+    }
     basic_view(basic_view &&) noexcept = default;
     basic_view &operator=(const basic_view &other) {
         basic_view copy(other);
@@ -2085,41 +2121,42 @@ template <class Layer> class basic_view {
     ~basic_view() = default;
 
     [[nodiscard]] item_type type() const noexcept {
-        return static_cast<item_type>(xmlCursorType(at_home()));
+        return static_cast<item_type>(xmlCursorType(cursor_.get()));
     }
     /** Of an element or attribute; other nodes have an empty one. */
     [[nodiscard]] name_view name() const VOXML_LIFETIMEBOUND {
-        return keep(Layer::name_at(at_home()));
+        return keep(Layer::name_at(cursor_.get()));
     }
     /** The value of an attribute or of a node that is no element, references resolved. None for
      *  others, and where it refers to an entity that is not predefined. */
     [[nodiscard]] std::optional<std::string_view> value() const VOXML_LIFETIMEBOUND {
-        return keep(xmlCursorValueTryUnescape(at_home()));
+        return keep(xmlCursorValueTryUnescape(cursor_.get()));
     }
     /** The same as it is stored. */
     [[nodiscard]] std::optional<std::string_view> escaped_value() const VOXML_LIFETIMEBOUND {
-        return keep(xmlCursorValue(at_home()));
+        return keep(xmlCursorValue(cursor_.get()));
     }
     /** The value of the attribute of that name, as basic_element::attribute() gives it. */
     [[nodiscard]] std::optional<std::string_view>
     attribute(const name_arg &name) const VOXML_LIFETIMEBOUND {
-        if (!find_attribute(name)) return std::nullopt;
-        return keep(xmlCursorValueTryUnescape(cursor_.get()));
+        return read_attribute(name, xmlCursorValueTryUnescape);
     }
     [[nodiscard]] std::optional<std::string_view>
     escaped_attribute(const name_arg &name) const VOXML_LIFETIMEBOUND {
-        if (!find_attribute(name)) return std::nullopt;
-        return keep(xmlCursorValue(cursor_.get()));
+        return read_attribute(name, xmlCursorValue);
     }
-    [[nodiscard]] bool has_attribute(const name_arg &name) const { return find_attribute(name); }
+    [[nodiscard]] bool has_attribute(const name_arg &name) const noexcept {
+        detail::way_back way{cursor_.get()};
+        return find_attribute(name, way);
+    }
     /** As basic_element::text() gives it. */
     [[nodiscard]] std::optional<std::string_view> text() const VOXML_LIFETIMEBOUND {
         std::string_view first;
         std::string joined;
-        for (at_home(); detail::next_below(cursor_.get(), depth_);) {
-            const XML_ITEM_TYPE type = xmlCursorType(cursor_.get());
+        for (detail::way_back way{cursor_.get()}; detail::next_below(way.cursor, way.depth);) {
+            const XML_ITEM_TYPE type = xmlCursorType(way.cursor);
             if (type != XML_ITEM_TYPE_TEXT && type != XML_ITEM_TYPE_CDATA) continue;
-            const auto piece = string_of(xmlCursorValueTryUnescape(cursor_.get()));
+            const auto piece = string_of(xmlCursorValueTryUnescape(way.cursor));
             if (!piece) return std::nullopt;
             if (first.empty()) {
                 first = store_.keep(*piece);
@@ -2162,7 +2199,7 @@ template <class Layer> class basic_view {
     /** Where it was found, if that was recorded; without a source. */
     [[nodiscard]] std::optional<voxml::location> location() const {
         voxml::location found;
-        if (!xmlCursorLocation(at_home(), &found.offset, &found.line, &found.column))
+        if (!xmlCursorLocation(cursor_.get(), &found.offset, &found.line, &found.column))
             return std::nullopt;
         return found;
     }
@@ -2171,7 +2208,7 @@ template <class Layer> class basic_view {
     friend class basic_views<Layer>;
 
     /// What a range goes through.
-    enum class kind { item, element, descendant, attribute };
+    enum class kind { item, attribute, element, descendant };
 
     static std::optional<std::string_view> string_of(XML_UTF8 text) noexcept {
         if (!text.bytes) return std::nullopt;
@@ -2184,23 +2221,22 @@ template <class Layer> class basic_view {
     std::string_view keep(std::string_view name) const { return store_.keep(name); }
     qname keep(const qname &name) const { return {store_.keep(name.ns), store_.keep(name.local)}; }
 
-    /// The cursor, standing on the node. Looking for what is below may have left it there.
-    XML_CURSOR *at_home() const noexcept {
-        for (; depth_ != 0; --depth_)
-            xmlCursorParent(cursor_.get());
-        return cursor_.get();
-    }
-    bool find_attribute(const name_arg &name) const noexcept {
-        bool more = xmlCursorFirstAttribute(at_home()) != 0;
-        depth_ = more ? 1 : 0;
-        while (more && !name.is(Layer::name_at(cursor_.get())))
-            more = xmlCursorNext(cursor_.get()) != 0;
+    bool find_attribute(const name_arg &name, detail::way_back &way) const noexcept {
+        bool more = xmlCursorFirstAttribute(way.cursor) != 0;
+        way.depth = more ? 1 : 0;
+        while (more && !name.is(Layer::name_at(way.cursor)))
+            more = xmlCursorNext(way.cursor) != 0;
         return more;
+    }
+    template <class Read>
+    std::optional<std::string_view> read_attribute(const name_arg &name, Read read) const {
+        detail::way_back way{cursor_.get()};
+        if (!find_attribute(name, way)) return std::nullopt;
+        return keep(read(way.cursor));
     }
 
     handle<XML_CURSOR> cursor_;
-    mutable std::int64_t depth_ = 0; ///< How far below the node the cursor stands.
-    mutable detail::text_store store_;
+    mutable detail::text_store store_{xmlCursorKeptText(cursor_.get())};
 };
 
 /** The views of nodes below one: a range that is read once. `for (const auto &each : range)` moves
@@ -2229,25 +2265,24 @@ template <class Layer> class basic_views {
         using pointer = const view_type *;
 
         iterator() = default;
-        explicit iterator(basic_views *range VOXML_LIFETIMEBOUND) noexcept : range_(range) {}
+        explicit iterator(basic_views *range VOXML_LIFETIMEBOUND) noexcept
+            : range_(range->found_ ? range : nullptr) {}
 
         reference operator*() const noexcept VOXML_LIFETIMEBOUND { return range_->current_; }
         pointer operator->() const noexcept VOXML_LIFETIMEBOUND { return &range_->current_; }
         iterator &operator++() {
-            range_->advance();
+            if (!range_->advance()) range_ = nullptr;
             return *this;
         }
         void operator++(int) { ++*this; }
 
-        friend bool operator==(const iterator &at, sentinel) noexcept { return at.is_done(); }
+        friend bool operator==(const iterator &at, sentinel) noexcept { return !at.range_; }
         friend bool operator!=(const iterator &at, sentinel end) noexcept { return !(at == end); }
         friend bool operator==(sentinel end, const iterator &at) noexcept { return at == end; }
         friend bool operator!=(sentinel end, const iterator &at) noexcept { return !(at == end); }
 
       private:
-        bool is_done() const noexcept { return !range_ || !range_->found_; }
-
-        basic_views *range_ = nullptr;
+        basic_views *range_ = nullptr; ///< Null at the end.
     };
 
     [[nodiscard]] iterator begin() noexcept VOXML_LIFETIMEBOUND { return iterator(this); }
@@ -2261,31 +2296,26 @@ template <class Layer> class basic_views {
         : current_(parent), wanted_(wanted), name_(std::move(name)) {
         const auto first =
             wanted == kind::attribute ? xmlCursorFirstAttribute : xmlCursorFirstChild;
-        found_ = first(current_.cursor_.get()) != 0;
-        level_ = found_ ? 1 : 0;
-        skip();
+        level_ = first(current_.cursor_.get());
+        found_ = level_ != 0 && (is_wanted() || advance());
     }
-    void advance() {
-        if (!found_) return;
+    /// To the next that is wanted, if there is one.
+    bool advance() noexcept {
         current_.store_.forget();
-        current_.at_home();
-        step();
-        skip();
+        do
+            found_ = step();
+        while (found_ && !is_wanted());
+        return found_;
     }
-    /// To the first that is wanted from here on.
-    void skip() noexcept {
-        while (found_ && !is_wanted())
-            step();
-    }
-    void step() noexcept {
+    bool step() noexcept {
         XML_CURSOR *const cursor = current_.cursor_.get();
-        found_ = wanted_ == kind::descendant ? detail::next_below(cursor, level_)
-                                             : xmlCursorNext(cursor) != 0;
+        return wanted_ == kind::descendant ? detail::next_below(cursor, level_)
+                                           : xmlCursorNext(cursor) != 0;
     }
     bool is_wanted() const noexcept {
+        if (wanted_ == kind::item || wanted_ == kind::attribute) return true;
         XML_CURSOR *const cursor = current_.cursor_.get();
-        const bool is_any = wanted_ == kind::item || wanted_ == kind::attribute;
-        if (!is_any && xmlCursorType(cursor) != XML_ITEM_TYPE_ELEMENT) return false;
+        if (xmlCursorType(cursor) != XML_ITEM_TYPE_ELEMENT) return false;
         return !name_ || Layer::name_at(cursor) == typename Layer::name_view(*name_);
     }
     std::optional<view_type> first() && {

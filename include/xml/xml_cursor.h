@@ -35,7 +35,7 @@ typedef struct XML_CURSOR XML_CURSOR;
 
 /** A run of UTF-8: `length` bytes at `bytes`, without a NUL behind them. `bytes` is null where
  *  there is no such text, and not null for an empty one. The bytes stay valid, beside those of
- *  other calls, until the cursor moves or is released. A code point that UTF-8 cannot express, from
+ *  other calls, until the cursor moves or is released; see also xmlCursorKeptText(). A code point that UTF-8 cannot express, from
  *  a hand-made string or a reference to a surrogate, reads as U+FFFD. */
 typedef struct XML_UTF8 {
     const char *bytes;
@@ -102,6 +102,11 @@ VO_API XML_UTF8 xmlCursorValue(XML_CURSOR *cursor);
 /** The same with the references of texts and attribute values resolved, as xmlTextTryUnescape()
  *  does it: none where the value refers to an entity that is not predefined. */
 VO_API XML_UTF8 xmlCursorValueTryUnescape(XML_CURSOR *cursor);
+
+/** The text that the cursor keeps as long as it exists: what it gives and lies in there stays valid
+ *  until the cursor is released, wherever that moves. None where it keeps no such text; a cursor
+ *  that stands on an object may get one later on, and never another one after that. */
+VO_API XML_UTF8 xmlCursorKeptText(XML_CURSOR *cursor);
 
 /** Where the node stands in what was decoded, if that was recorded; then the result is 1 and the
  *  numbers, each of which may be asked for with a pointer that is not null, are those of the node's

@@ -518,16 +518,22 @@ TYPED_TEST(Cursor, FindsWhatTheGettersFindInLargeTrees) {
     if constexpr (std::is_same_v<Layer, Plain>) follow<Plain>(wideRecipe(text), 2);
 }
 
+/// A document of what two texts hold, each with an outline of its own.
+template <class Layer> auto joined(const char *first, const char *second) {
+    const auto itemsOf = [](const char *text) {
+        return Ref(Layer::documentItems(recipe<Layer>(declaration + text)()));
+    };
+    Ref document(Layer::createDocument());
+    auto items = itemsOf(first);
+    Layer::appendItems(items.edit(), itemsOf(second));
+    Layer::setDocumentItems(document.edit(), items);
+    return document;
+}
+
 /// Nodes of the same number in two outlines, of which one has more attributes.
 TYPED_TEST(Cursor, GoesFromOneOutlineToAnother) {
     using Layer = TypeParam;
-    const auto itemsOf = [](const char *element) {
-        return Ref(Layer::documentItems(recipe<Layer>(declaration + element)()));
-    };
-    Ref document(Layer::createDocument());
-    auto items = itemsOf("<a b='1' c='2'>text</a>");
-    Layer::appendItems(items.edit(), itemsOf("<a>text<b/></a>"));
-    Layer::setDocumentItems(document.edit(), items);
+    const auto document = joined<Layer>("<a b='1' c='2'>text</a>", "<a>text<b/></a>");
     Ref cursor(Layer::cursor(document));
     ASSERT_TRUE(xmlCursorFirstChild(cursor));
     ASSERT_TRUE(xmlCursorFirstAttribute(cursor) && xmlCursorNext(cursor));
@@ -535,6 +541,27 @@ TYPED_TEST(Cursor, GoesFromOneOutlineToAnother) {
     ASSERT_TRUE(xmlCursorParent(cursor) && xmlCursorNext(cursor) && xmlCursorFirstChild(cursor));
     EXPECT_EQ(show(xmlCursorValue(cursor)), "text");
     EXPECT_TRUE(xmlCursorNext(cursor));
+}
+
+/// What it gave of the first outline stays valid, whatever becomes of the tree.
+TYPED_TEST(Cursor, KeepsTheTextThatItReadFirst) {
+    using Layer = TypeParam;
+    auto document = joined<Layer>("<a>first</a>", "<b>second</b>");
+    Ref cursor(Layer::cursor(document));
+    EXPECT_EQ(show(xmlCursorKeptText(cursor)), none);
+    ASSERT_TRUE(xmlCursorFirstChild(cursor) && xmlCursorFirstChild(cursor));
+    const XML_UTF8 kept = xmlCursorKeptText(cursor), first = xmlCursorValue(cursor);
+    EXPECT_EQ(show(kept), declaration + "<a>first</a>");
+    EXPECT_EQ(first.bytes - kept.bytes, int64_t(declaration.size()) + 3);
+    Ref copy(xmlCursorCreateHere(cursor));
+    ASSERT_TRUE(xmlCursorParent(cursor) && xmlCursorNext(cursor) && xmlCursorFirstChild(cursor));
+    EXPECT_EQ(xmlCursorKeptText(cursor).bytes, kept.bytes);
+    Layer::makeAll(document);
+    document = {};
+    EXPECT_EQ(show(first) + show(xmlCursorValue(cursor)), "firstsecond");
+    cursor = {};
+    EXPECT_EQ(show(first), show(xmlCursorValue(copy)));
+    EXPECT_EQ(xmlCursorKeptText(copy).bytes, kept.bytes);
 }
 
 TYPED_TEST(Cursor, DoesNotLeaveTheElementThatItWasMadeFor) {

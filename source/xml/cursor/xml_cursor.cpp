@@ -78,6 +78,9 @@ class Cursor {
         return plainText.of(stored);
     }
 
+    /// The text of the outline that is kept as long as the cursor.
+    XML_UTF8 keptText();
+
     /// False where no location was recorded.
     bool findPlace(vo::Place &place) const {
         if (!object) return records.findPlace(place);
@@ -110,6 +113,15 @@ class Cursor {
     }
     template <class Layer> typename Layer::Attribute *attribute(Layer) const {
         return reinterpret_cast<typename Layer::Attribute *>(object);
+    }
+
+    /// Whether the object is a document or an element, which have a list of items.
+    bool hasContent() const {
+        return kind == XML_ITEM_TYPE_ELEMENT || kind == XML_CURSOR_TYPE_DOCUMENT;
+    }
+    auto *itemsOf(auto layer) const {
+        return kind == XML_CURSOR_TYPE_DOCUMENT ? layer.items(document(layer))
+                                                : layer.items(element(layer));
     }
 
     [[gnu::noinline]] bool toFirstChildOfObject();
@@ -145,15 +157,24 @@ class Cursor {
 // ---------------------------------------------------------------- objects
 
 bool Cursor::toFirstChildOfObject() {
-    if (kind != XML_ITEM_TYPE_ELEMENT && kind != XML_CURSOR_TYPE_DOCUMENT) return false;
+    if (!hasContent()) return false;
     return inLayer([&](auto layer) {
-        const auto *list = kind == XML_CURSOR_TYPE_DOCUMENT ? layer.items(document(layer))
-                                                            : layer.items(element(layer));
+        const auto *list = itemsOf(layer);
         if (!hold(list->itemsVector)) return enter(list->itemsVector.made(), XML_ITEM_TYPE_ELEMENT);
         if (!records.startIn(list->element)) return false;
         object = nullptr;
         return true;
     });
+}
+
+XML_UTF8 Cursor::keptText() {
+    if (!outline.first() && hasContent())
+        inLayer([&](auto layer) { hold(itemsOf(layer)->itemsVector); });
+    voObj *kept = outline.first();
+    if (!kept) return noUtf8;
+    const auto *plain = namespaced ? reinterpret_cast<NsOutline *>(kept)->outline
+                                   : reinterpret_cast<Outline *>(kept);
+    return utf8Of({plain->source.text.begin, plain->source.text.end});
 }
 
 bool Cursor::toFirstAttributeOfObject() {
@@ -326,6 +347,7 @@ XML_UTF8 xmlCursorName(XML_CURSOR *cursor) { return VO_READ(cursor)->at.name(); 
 XML_UTF8 xmlCursorNamespace(XML_CURSOR *cursor) { return VO_READ(cursor)->at.ns(); }
 XML_UTF8 xmlCursorValue(XML_CURSOR *cursor) { return VO_READ(cursor)->at.value(); }
 XML_UTF8 xmlCursorValueTryUnescape(XML_CURSOR *cursor) { return VO_READ(cursor)->at.plainValue(); }
+XML_UTF8 xmlCursorKeptText(XML_CURSOR *cursor) { return VO_READ(cursor)->at.keptText(); }
 
 int xmlCursorLocation(XML_CURSOR *cursor, int64_t *optionalOffset, int64_t *optionalLine,
                       int64_t *optionalColumn) {

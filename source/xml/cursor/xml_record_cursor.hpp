@@ -202,12 +202,14 @@ class RecordCursor {
     uint64_t content = 0;                ///< and where its content begins.
 };
 
-/// The outline that was read last. It must be kept, since another thread may make an object of any
-/// record at any time.
+/// The outlines that were read first and last. They must be kept, since another thread may make an
+/// object of any record at any time: the last because it is being read, the first so that texts of
+/// it stay valid.
 class KeptOutline {
   public:
     KeptOutline() = default;
-    KeptOutline(const KeptOutline &other) : source(vo::retained<voObj>(other.source)) {}
+    KeptOutline(const KeptOutline &other)
+        : former(vo::retained<voObj>(other.former)), source(vo::retained<voObj>(other.source)) {}
     KeptOutline &operator=(const KeptOutline &) = delete;
     ~KeptOutline() = default;
 
@@ -220,11 +222,16 @@ class KeptOutline {
         auto held = part.holdPending();
         if (!held) return false;
         read(static_cast<decltype(pending)>(held));
+        if (!former) former = std::move(source);
         source = vo::Ref(vo::obj(held.take()));
         return true;
     }
 
+    /// Null before the first.
+    voObj *first() const { return former ? former : source; }
+
   private:
+    vo::Ref<voObj> former; ///< The first when it is not the last; otherwise null.
     vo::Ref<voObj> source;
 };
 
