@@ -35,8 +35,9 @@ typedef struct XML_CURSOR XML_CURSOR;
 
 /** A run of UTF-8: `length` bytes at `bytes`, without a NUL behind them. `bytes` is null where
  *  there is no such text, and not null for an empty one. The bytes stay valid, beside those of
- *  other calls, until the cursor moves or is released; see also xmlCursorKeptText(). A code point that UTF-8 cannot express, from
- *  a hand-made string or a reference to a surrogate, reads as U+FFFD. */
+ *  other calls, until the cursor moves or is released; see also xmlCursorKeptText(). A code point
+ *  that UTF-8 cannot express, from a hand-made string or a reference to a surrogate, reads as
+ *  U+FFFD. */
 typedef struct XML_UTF8 {
     const char *bytes;
     int64_t length;
