@@ -8,6 +8,7 @@ namespace tool {
 
 Status check(const Request &request);
 Status canonical(const Request &request);
+Status format(const Request &request);
 Status convert(const Request &request);
 Status tree(const Request &request);
 Status stats(const Request &request);

@@ -15,8 +15,11 @@ std::string whyNoOutput(const Request &request, const std::vector<std::string> &
                                   : "-o: takes one input file only";
 }
 
-/// Reports a text that the character set of the output lacks characters for.
-static Status refuseMisfit(const Request &request, const Input &input, XML_DOCUMENT *document) {
+Ref<XML_OPTIONS> encodingOf(const Request &request) {
+    return optionsWith(request.noDeclaration ? XML_FLAG_ENCODE_OMIT_XML_DECLARATION : 0);
+}
+
+Status refuseMisfit(const Request &request, const Input &input, XML_DOCUMENT *document) {
     if (request.quiet) return charsetTooSmall;
     Ref text = textOf(input);
     const Misfit misfit = firstMisfit(input.bytes, chars(text), document);
@@ -25,7 +28,7 @@ static Status refuseMisfit(const Request &request, const Input &input, XML_DOCUM
 }
 
 Status deliver(const Request &request, const Input &input, XML_DOCUMENT *document) {
-    Ref options = optionsWith(request.noDeclaration ? XML_FLAG_ENCODE_OMIT_XML_DECLARATION : 0);
+    Ref options = encodingOf(request);
     Ref encoded(xmlDocumentTryEncode(document, options));
     return encoded ? deliver(request, input, encoded) : refuseMisfit(request, input, document);
 }

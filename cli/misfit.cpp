@@ -21,7 +21,7 @@ static size_t indexOfMisfit(Chars text, voCharset charset) {
     return index;
 }
 
-static std::optional<Place> placeAt(Chars text, size_t index) {
+std::optional<Place> placeAt(Chars text, size_t index) {
     Ref options(xmlOptionsCreate());
     Ref map(voParserLocationMapCreate(nullptr, xmlOptionsDecodeNlfFlags(options), text.data(),
                                       static_cast<int64_t>(text.size())));

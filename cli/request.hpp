@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,9 @@ struct Request {
     bool inPlace = false;     ///< Write each document over its file.
     bool concatenate = false; ///< Several documents may go to one output.
     std::string charset;
+    std::string indent = "2"; ///< Blanks for each level, or "tab".
+    int64_t width = 0;        ///< Columns for a start tag; 0 is without limit.
+    bool check = false;       ///< Only tell which documents are not formatted.
 };
 
 } // namespace tool

@@ -91,6 +91,10 @@ class CommandLine {
         sub = add("canonical", canonical, "Write documents in canonical layout");
         writing(sub);
 
+        sub = add("format", format, "Indent documents; tell which ones are not formatted");
+        layout(sub);
+        writing(sub);
+
         sub = add("convert", convert, "Write documents in another character set");
         sub->add_option("--to", request.charset, "The character set; see voxml charsets")
             ->option_text("CHARSET (required)")
@@ -147,6 +151,22 @@ class CommandLine {
 
     void namespaces(CLI::App *sub, const char *description) {
         sub->add_flag("--ns", request.namespaces, description);
+    }
+
+    void layout(CLI::App *sub) {
+        sub->add_option("--indent", request.indent,
+                        "Blanks for each level, 0 to 16, or tab; 2 by default")
+            ->option_text("N|tab")
+            ->check([](const std::string &indent) {
+                const bool isFine = indent == "tab" || CLI::Range(0, 16)(indent).empty();
+                return std::string(isFine ? "" : "expects 0 to 16 or tab");
+            });
+        sub->add_option("--wrap-attributes", request.width,
+                        "In start tags that reach beyond this column, an attribute a line")
+            ->option_text("WIDTH")
+            ->check(CLI::Range(1, 1'000'000));
+        sub->add_flag("--check", request.check,
+                      "Write nothing; say which documents are not formatted, with status 1");
     }
 
     /// The options of commands that write documents.

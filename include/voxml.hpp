@@ -676,10 +676,18 @@ struct decode_options {
     voCharsetFlags charset_flags = VO_CHARSET_FLAG_BOM; ///< See xml/xml_options.h.
 };
 
+/** How to lay text out for people, see xml/xml_format.h. */
+struct layout {
+    int indent = 2; ///< Blanks for each level, from 0 to 16, or `tab`.
+    int width = 0;  ///< Most columns of a start tag; 0 is without limit.
+    static constexpr int tab = XML_LAYOUT_TAB;
+};
+
 /** How to encode. */
 struct encode_options {
-    bool declaration = true;          ///< Writes the XML declaration.
-    voCharsetFlags charset_flags = 0; ///< See xml/xml_options.h.
+    bool declaration = true;               ///< Writes the XML declaration.
+    voCharsetFlags charset_flags = 0;      ///< See xml/xml_options.h.
+    std::optional<voxml::layout> layout{}; ///< The canonical layout without.
 };
 
 namespace detail {
@@ -821,7 +829,11 @@ inline result<buffer> encode(handle<XML_DOCUMENT> doc, const encode_options &wan
         xmlOptionsSetFlags(options.address(), XML_FLAG_ENCODE_OMIT_XML_DECLARATION);
     xmlOptionsSetEncodeCharsetFlags(options.address(), wanted.charset_flags);
     const auto encoded = [&] {
-        return optional_of<buffer>(xmlDocumentTryEncode(doc.get(), options.get()));
+        if (!wanted.layout)
+            return optional_of<buffer>(xmlDocumentTryEncode(doc.get(), options.get()));
+        const XML_LAYOUT layout{wanted.layout->indent, wanted.layout->width};
+        return optional_of<buffer>(
+            xmlDocumentTryEncodeFormatted(doc.get(), &layout, options.get()));
     };
     if (auto bytes = encoded()) return std::move(*bytes);
     const voCharset charset = xmlDocumentCharset(doc.get());
@@ -1886,7 +1898,8 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     /** @} */
 
     /** @name Encoding
-     *  In the canonical layout and the document's character set. @{ */
+     *  In the canonical layout or the one that is asked for, and the document's character set. @{
+     */
     [[nodiscard]] result<buffer> encode(const encode_options &wanted = {}) const {
         return detail::encode(Layer::plain(*this), wanted, {});
     }

@@ -17,6 +17,7 @@
 #include "xml/xml_document_file.h"
 #include "xml/xml_element.h"
 #include "xml/xml_flags.h"
+#include "xml/xml_format.h"
 #include "xml/xml_hint.h"
 #include "xml/xml_item.h"
 #include "xml/xml_item_type.h"

@@ -84,6 +84,7 @@ static XML_NS_NAMESPACE_MAP *map(void) {
 #define NEW_XML_IMPORT_OPTIONS ((XML_IMPORT_OPTIONS[1]){{0}})
 #define NEW_XML_ITEM xmlItemCreateElement(element())
 #define NEW_XML_ITEMS xmlElementItems(element())
+#define NEW_XML_LAYOUT ((XML_LAYOUT[1]){{2, 0}})
 #define NEW_XML_NS_ATTRIBUTE xmlNsAttributeCreate(str("a"), NULL)
 #define NEW_XML_NS_ATTRIBUTES xmlNsElementAttributes(nsElement())
 #define NEW_XML_NS_DECODE_ERROR xmlNsDecodeErrorCreate(0, NULL)

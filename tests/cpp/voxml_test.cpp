@@ -331,6 +331,15 @@ TEST(Failures, SayWhatIsWrongAndWhere) {
     EXPECT_FALSE(voxml::document::decode("").error().where());
 }
 
+TEST(Encoding, LaysOutWhereThatIsAskedFor) {
+    const auto doc = decoded<Plain>("<a><b c='1'/></a>");
+    EXPECT_EQ(doc.encode({.declaration = false, .layout = voxml::layout{}})->view(),
+              "<a>\n  <b c=\"1\"/>\n</a>\n");
+    EXPECT_EQ(
+        doc.encode({.declaration = false, .layout = voxml::layout{voxml::layout::tab, 1}})->view(),
+        "<a>\n\t<b\n\t\t\tc=\"1\"/>\n</a>\n");
+}
+
 TEST(Files, AreReadAndWrittenWholeOrNotAtAll) {
     const std::string path = testing::TempDir() + "voxml_cpp_test.xml";
     auto doc = decoded<Plain>("<a>\u00E9</a>");

@@ -1,34 +1,13 @@
 // Round trips over a folder of real files, named by the environment variable VOXML_CORPUS.
-#include "tests/xml/codec.hpp"
+#include "tests/xml/corpus.hpp"
 
-#include <cstdlib>
 #include <map>
 
 namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<fs::path> corpus() {
-    const char *folder = std::getenv("VOXML_CORPUS");
-    std::vector<fs::path> files;
-    if (!folder) return files;
-    for (const auto &entry : fs::recursive_directory_iterator(folder)) {
-        const fs::path &path = entry.path();
-        const bool hidden = path.string().find("/.") != std::string::npos;
-        if (entry.is_regular_file() && !hidden && path.extension() != ".tsv") files.push_back(path);
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
-class Corpus : public testing::Test {
-  protected:
-    void SetUp() override {
-        files = corpus();
-        if (files.empty()) GTEST_SKIP() << "skipped: VOXML_CORPUS names no files";
-    }
-    std::vector<fs::path> files;
-};
+using Corpus = test::CorpusTest;
 
 TEST_F(Corpus, EveryFileComesBackOrIsRefusedForADocumentedReason) {
     std::map<std::string, int> refusals;

@@ -25,7 +25,7 @@ class Encoder {
   public:
     /// The text as UTF-8, or null when a string holds something that is not a character.
     Ref<voBuffer> run(XML_DOCUMENT *document, bool omitDeclaration) {
-        if (!omitDeclaration) declaration(document);
+        if (!omitDeclaration) out.declaration(document);
         if (const Ref encoding = document->items.holdPending())
             xml::writeItems(encoding, out);
         else
@@ -39,21 +39,6 @@ class Encoder {
         voObj **next;         ///< The child to be written next.
         voObj **end;
     };
-
-    void declaration(XML_DOCUMENT *document) {
-        out.ascii("<?xml");
-        setting("version", document->version.get());
-        setting("encoding", Ref(voCharsetToIanaName(document->charset)));
-        if (document->standalone) setting("standalone", Ref(voStringCreateFromCstr("yes", -1)));
-        out.ascii("?>");
-    }
-
-    void setting(std::string_view name, voString *value) {
-        out.ascii(" ");
-        out.ascii(name);
-        out.ascii("=");
-        out.quoted(value);
-    }
 
     /// Open elements wait on a stack, so that depth costs memory and never the call stack.
     void content(XML_ITEMS *items) {

@@ -5,6 +5,7 @@
 #include "source/xml/base/xml_character_data.hpp"
 #include "source/xml/base/xml_piece.hpp"
 #include "vo/vo.h"
+#include "xml/xml_document.h"
 #include "xml/xml_item_type.h"
 
 namespace xml {
@@ -32,6 +33,9 @@ class Writer {
         std::memcpy(to, out.written().data() + from, count);
         out.wrote(to + count);
     }
+    Piece written() const { return {out.written().data(), out.written().data() + size()}; }
+    /// Takes back what was written behind the first `count` bytes.
+    void cut(size_t count) { out.wrote(out.written().data() + count); }
     void string(voString *string) { chars(string->items(), string->items() + string->length); }
     void chars(const uint32_t *at, const uint32_t *end) {
         wellFormed = wellFormed && out.append(at, end);
@@ -62,7 +66,10 @@ class Writer {
         quoted(value);
     }
 
-    /// The value of an attribute in quotes. A piece must come from between quotes in a text.
+    /// The XML declaration of a document.
+    void declaration(XML_DOCUMENT *document);
+
+    /// The value of an attribute in quotes.
     void quoted(voString *value);
     void quoted(Piece value);
 
@@ -70,6 +77,11 @@ class Writer {
     vo::Ref<voBuffer> finish() { return vo::Ref(wellFormed ? out.take() : nullptr); }
 
   private:
+    template <class Unit> void quotedAnyhow(const Unit *at, const Unit *end);
+    void units(const uint32_t *at, const uint32_t *end) { chars(at, end); }
+    void units(const uint8_t *at, const uint8_t *end) { bytes({at, end}); }
+    void setting(std::string_view name, voString *value);
+
     vo::BufferBuilder out;
     bool wellFormed = true;
 };

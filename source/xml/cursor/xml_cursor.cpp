@@ -1,6 +1,7 @@
 #include "xml/xml_cursor.h"
 
 #include "source/xml/base/xml_module.hpp"
+#include "source/xml/cursor/xml_cursor.hpp"
 #include "source/xml/cursor/xml_cursor_layer.hpp"
 #include "source/xml/cursor/xml_cursor_text.hpp"
 #include "source/xml/cursor/xml_record_cursor.hpp"
@@ -80,6 +81,8 @@ class Cursor {
 
     /// The text of the outline that is kept as long as the cursor.
     XML_UTF8 keptText();
+
+    bool wasExact() const { return nameText.isExact() && nsText.isExact() && valueText.isExact(); }
 
     /// False where no location was recorded.
     bool findPlace(vo::Place &place) const {
@@ -358,3 +361,5 @@ int xmlCursorLocation(XML_CURSOR *cursor, int64_t *optionalOffset, int64_t *opti
     if (optionalColumn) *optionalColumn = place.column;
     return 1;
 }
+
+bool xml::wasExact(XML_CURSOR *cursor) { return cursor->at.wasExact(); }

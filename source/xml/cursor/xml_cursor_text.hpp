@@ -73,12 +73,16 @@ class StringText {
 
     void forget() { known = nullptr; }
 
+    /// Whether no code point had to be replaced so far.
+    bool isExact() const { return exact; }
+
   private:
     Piece convert(voString *string) {
         const uint32_t *chars = string->items(), *end = chars + string->length;
         uint8_t *begin = room.reserve(4 * string->length);
         vo::Narrowed done = vo::narrowToUtf8(begin, chars, end);
         while (done.at < end) {
+            exact = false;
             done.out += vo::encodeUtf8(done.out, vo::replacementChar);
             done = vo::narrowToUtf8(done.out, done.at + 1, end);
         }
@@ -88,6 +92,7 @@ class StringText {
     TextRoom room;
     Piece text{};
     voString *known = nullptr;
+    bool exact = true;
 };
 
 /// Escaped text with its references resolved.

@@ -1,0 +1,18 @@
+// What the library itself asks a cursor.
+#pragma once
+
+#include "source/xml/base/xml_piece.hpp"
+#include "xml/xml_cursor.h"
+
+namespace xml {
+
+/// Whether every name, namespace and value that the cursor has given was exact: none held a code
+/// point that UTF-8 cannot express.
+bool wasExact(XML_CURSOR *cursor);
+
+inline Piece pieceOf(XML_UTF8 text) {
+    const auto *begin = reinterpret_cast<const uint8_t *>(text.bytes);
+    return {begin, begin + text.length};
+}
+
+} // namespace xml
