@@ -31,8 +31,10 @@ static std::string takeOptional(voString *string) { return string ? take(string)
 
 static Failure failureOf(XML_DECODE_ERROR *taken, voBuffer *input) {
     Ref error(taken);
+    Ref closer(xmlDecodeErrorTryHintLocation(error, input));
     return {take(xmlDecodeErrorCodeToString(xmlDecodeErrorErrorCode(error))),
-            textOf(xmlDecodeErrorToMessage(error)), placeOf(Ref(xmlDecodeErrorLocation(error))),
+            textOf(xmlDecodeErrorToMessage(error)),
+            placeOf(closer ? std::move(closer) : Ref(xmlDecodeErrorLocation(error))),
             takeOptional(xmlDecodeErrorTryHint(error, input))};
 }
 

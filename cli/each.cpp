@@ -1,5 +1,6 @@
 #include "each.hpp"
 
+#include "charset.hpp"
 #include "files.hpp"
 #include "inorder.hpp"
 
@@ -27,11 +28,28 @@ Status forEach(const Request &request, const Inputs &inputs,
     return std::max(inputs.status, inOrder(inputs.files, readAndHandle, pace));
 }
 
+/// Tells of an encoding that decoding does without.
+static void noteUnknownEncoding(const Input &input, XML_DOCUMENT *document) {
+    Ref name(xmlDocumentTryDeclaredEncoding(input.bytes));
+    if (!name || VO_CHARSET_OK(voCharsetFromIanaName(name))) return;
+    const voCharset closest = closestCharset(utf8(chars(name)));
+    report({input.name,
+            {},
+            "the declared encoding '" + shown(chars(name)) +
+                "' is not known; the text is read as " + charsetName(xmlDocumentCharset(document)),
+            {},
+            closest < 0 ? "" : "did you mean " + charsetName(closest) + "?",
+            Severity::note},
+           {});
+}
+
 Status forEachDecoded(const Request &request, const Inputs &inputs,
                       const std::function<Status(const Input &, Decoded &)> &handle) {
     return forEach(request, inputs, [&](const Input &input) {
         Decoded decoded = decode(input.bytes, wishOf(request));
-        return decoded.failure ? refuse(request, input, *decoded.failure) : handle(input, decoded);
+        if (decoded.failure) return refuse(request, input, *decoded.failure);
+        if (!request.import && !request.quiet) noteUnknownEncoding(input, decoded.document);
+        return handle(input, decoded);
     });
 }
 
@@ -49,7 +67,7 @@ Ref<voString> textOf(const Input &input) {
 
 Status refuse(const Request &request, const Input &input, const Failure &failure) {
     if (request.quiet) return refused;
-    Ref text = textOf(input);
+    Ref text(xmlDocumentDecodeTextLeniently(input.bytes));
     report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
            chars(text));
     return refused;

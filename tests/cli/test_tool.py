@@ -102,7 +102,7 @@ class Errors(ToolTest):
 
     def test_the_hint_names_the_attribute_at_fault(self):
         rows = [
-            ("<a b='1' c='2' b='3'/>", "attribute 'b' is given twice, again in line 2, column 16"),
+            ("<a b='1' c='2' b='3'/>", "attribute 'b' is given twice, first in line 2, column 4"),
             ("<a b/>", "attribute 'b' has no value"),
             ("<a b = 1/>", "the value of attribute 'b' must stand in quotes"),
             ("<a \u00e9='1' \u00fc='2/>", "the value of attribute '\u00fc' has no closing quote"),
@@ -113,13 +113,16 @@ class Errors(ToolTest):
         for document, hint in rows:
             with self.subTest(document):
                 self.assertEqual(self.hint(document), hint)
+        self.put("a.xml", "<a\n b='1'\n c='2' d=''/>".replace("2", "&#0;"))
+        self.assertRegex(self.voxml("check", "a.xml").stderr.decode(),
+                         "(?s)^a.xml:4:5: .*\n c='&#0;' d=''/>\n    \\^\n")
 
     def test_the_hint_says_what_the_declaration_lacks(self):
         rows = [
             ("version='2.0'", 'the version is "1." and digits, such as "1.0"'),
             ("encoding='UTF-8'", 'the declaration must have a version, such as version="1.0"'),
             ("version='1.0' standalone='1'", 'the value of standalone is "yes" or "no"'),
-            ("version='1.0' version='1.0'", "attribute 'version' is given twice, again in line 1, column 21"),
+            ("version='1.0' version='1.0'", "attribute 'version' is given twice, first in line 1, column 7"),
             ("version='1.0' &", 'the declaration must end in "?>"'),
         ]
         for attributes, hint in rows:
@@ -145,7 +148,7 @@ class Errors(ToolTest):
         self.assertIn("'a:b:c'", self.hint("<a:b:c xmlns:a='u'/>", "--ns"))
         self.assertIn("':a'", self.hint("<:a/>", "--ns"))
 
-    def test_an_error_without_a_place_says_what_is_wrong_with_the_encoding(self):
+    def test_an_input_without_a_declaration_has_no_place(self):
         example = '<?xml version="1.0" encoding="UTF-8"?>'
         rows = [
             (b"", "the input is empty"),
@@ -154,27 +157,10 @@ class Errors(ToolTest):
              f"a document begins with an XML declaration: {example}" + LIFTED),
             (b"<!-- --><?xml version='1.0'?>",
              "the XML declaration must come first; remove what stands before it"),
-            (b"\x7fELF\x02\x01\0\x1b",
-             r'this does not look like XML; it begins with "\u{7F}ELF\u{2}\u{1}\u{0}\u{1B}"'),
-            (b"<?xml version='1.0'?>\n<a>\xe9</a>",
-             "byte 0xE9 at offset 25 (line 2, column 4) is not well-formed UTF-8; "
-             "the declaration names no other encoding"),
-            ("<?xml version='1.0' encoding='utf-8'?>\u00fc".encode() + b"\xff",
-             "byte 0xFF at offset 40 (line 1, column 40) is not well-formed UTF-8"),
-            (b"<?xml version='1.0' encoding='nonsense'?>\xff",
-             "byte 0xFF at offset 41 (line 1, column 42) is not well-formed UTF-8; "
-             "the declared encoding 'nonsense' is not known"),
-            ("<?xml version='1.0' encoding='us-ascii'?>\u00e9".encode(),
-             "the declaration names the encoding 'us-ascii', but the bytes are "
-             "well-formed UTF-8"),
-            (b"<?xml version='1.0' encoding='windows-1252'?>\x81",
-             "the declaration names the encoding 'windows-1252', but the bytes are "
-             "not all valid in it"),
+            (b"\x1bEL\x02\x01\0\x7f",
+             r'this does not look like XML; it begins with "\u{1B}EL\u{2}\u{1}\u{0}\u{7F}"'),
             (b" " * 1020 + b"<?xml version='1.0'?><a/>",
              "the XML declaration must begin within the first 1024 bytes"),
-            (b"<?xml version='1.0'" + b" " * 1010 + b"encoding='latin1'?>\xe9",
-             "byte 0xE9 at offset 1048 (line 1, column 1049) is not well-formed UTF-8; "
-             "an encoding counts if it is declared within the first 1024 bytes"),
             ("<?xml version='1.0' encoding='utf-8'?>\u00e9".encode("utf-16-le"),
              "the declaration is written in UTF-16LE, but names the encoding 'utf-8'"),
         ]
@@ -184,16 +170,51 @@ class Errors(ToolTest):
                 self.expect(["check", "a.xml"], 1, stderr="a.xml: error: invalid charset "
                             f"encoding [{CODE}CHARSET]\nhint: {hint}\n")
 
+    def test_the_first_ill_formed_byte_has_a_place_and_the_rest_of_its_line_is_shown(self):
+        rows = [
+            (b"<?xml version='1.0'?>\n<a>\xe9t\xc3\xa9</a>", "2:4", "<a>\ufffdt\u00e9</a>", "   ^",
+             "byte 0xE9 at offset 25 is not well-formed UTF-8; "
+             "the declaration names no other encoding"),
+            (b"<?xml version='1.0' encoding='utf-8'?>\n<a>\xe2\x82", "2:4", "<a>", "   ^",
+             "byte 0xE2 at offset 42 is not well-formed UTF-8"),
+            (b"<?xml version='1.0' encoding='nonsense'?>\n\xff", "2:1", "\ufffd", "^",
+             "byte 0xFF at offset 42 is not well-formed UTF-8; "
+             "the declared encoding 'nonsense' is not known"),
+            ("<?xml version='1.0' encoding='us-ascii'?>\n<\u00e9>".encode(), "2:2",
+             "<\ufffd\ufffd>", " ^", "the declaration names the encoding 'us-ascii', but the bytes "
+             "are well-formed UTF-8"),
+            (b"<?xml version='1.0' encoding='windows-1252'?>\n\x80\x81\x82", "2:2",
+             "\u20ac\ufffd\u201a", " ^", "the declaration names the encoding 'windows-1252', but "
+             "byte 0x81 at offset 47 is not valid in it"),
+            (b"<?xml version='1.0'" + b" " * 1010 + b"encoding='latin1'?>\n\xe9.", "2:1",
+             "\ufffd.", "^", "byte 0xE9 at offset 1049 is not well-formed UTF-8; "
+             "an encoding counts if it is declared within the first 1024 bytes"),
+            ("<?xml version='1.0'?>\n<a>\u20ac</a>".encode("utf-16")[:-1], "2:8",
+             "<a>\u20ac</a", "       ^",
+             "by its first bytes the text is in UTF-16LE, but the input ends within a character"),
+        ]
+        for content, place, line, caret, hint in rows:
+            with self.subTest(content):
+                self.put("a.xml", content)
+                self.expect(["check", "a.xml"], 1, stderr=f"a.xml:{place}: error: invalid charset "
+                            f"encoding [{CODE}CHARSET]\n{line}\n{caret}\nhint: {hint}\n")
+
+    def test_an_encoding_that_is_not_known_is_noted(self):
+        for name, hint in ("utf8x", "hint: did you mean UTF-8?\n"), ("klingon", ""):
+            with self.subTest(name):
+                self.put("a.xml", f"<?xml version='1.0' encoding='{name}'?><a/>".encode())
+                note = (f"the declared encoding '{name}' is not known; the text is read as UTF-8")
+                self.expect(["check", "a.xml"], 0, stderr=f"a.xml: note: {note}\n{hint}")
+        result = self.voxml("tree", "--json-errors", "a.xml")
+        self.assertEqual(json.loads(result.stderr),
+                         {"file": "a.xml", "severity": "note", "message": note})
+        self.expect(["check", "-q", "a.xml"], 0)
+
     def excerpt(self, line):
         """The excerpt for a line with one bare ampersand."""
         result = self.voxml("check", stdin=(DECLARATION + line).encode())
         shown, caret = result.stderr.decode().split("\n")[1:3]
         return shown, caret
-
-    def test_a_text_that_is_cut_in_utf_16_is_not_blamed_on_a_declaration(self):
-        self.put("a.xml", "<?xml version='1.0'?><a>\u20ac</a>".encode("utf-16")[:-1])
-        self.assertIn("hint: by its first bytes the text is in UTF-16LE",
-                      self.voxml("check", "a.xml").stderr.decode())
 
     def test_the_caret_stands_under_the_place(self):
         rows = [
@@ -375,10 +396,12 @@ class Many(ToolTest):
         first, second, third = [json.loads(line) for line in lines.splitlines()]
         self.assertEqual(first, third)
         self.assertEqual(first, {
-            "file": "bad.xml", "line": 2, "column": 11, "offset": 32, "code": CODE + "TAG_MISMATCH",
+            "file": "bad.xml", "line": 2, "column": 11, "offset": 32, "severity": "error",
+            "code": CODE + "TAG_MISMATCH",
             "message": "mismatched opening/closing XML tags",
             "hint": "the open element is <b> of line 2, column 8"})
-        self.assertEqual(second, {"file": "d", "message": "cannot be read: Is a directory"})
+        self.assertEqual(second, {"file": "d", "severity": "error",
+                                  "message": "cannot be read: Is a directory"})
         self.expect(["check", "-q", "bad.xml"], 1)
         result = self.voxml("check", "--stdin-name", "page.xml", stdin=b"<?xml?><a>")
         self.assertTrue(result.stderr.startswith(b"page.xml:1:8: error: "))

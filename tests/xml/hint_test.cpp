@@ -1,12 +1,26 @@
 // What is said about a refused document, beside the error. The tool's tests go through the texts.
+#include "source/xml/hint/xml_refused.hpp"
 #include "tests/xml/codec.hpp"
+#include "tests/xml/mutator.hpp"
+#include "tests/xml/random_xml.hpp"
+
+#include <map>
+#include <utility>
 
 namespace {
 
 struct Refusal {
     std::string hint;
     int64_t byteOffset;
+    std::string place; ///< Of the hint: line and column; empty where it is the error's.
 };
+
+std::string closerPlace(XML_DECODE_ERROR *error, voBuffer *bytes) {
+    Ref location(xmlDecodeErrorTryHintLocation(error, bytes));
+    if (!location) return {};
+    return std::to_string(voParserLocationLine(location)) + ":" +
+           std::to_string(voParserLocationColumn(location));
+}
 
 /// The bytes must be refused by one of the layers.
 Refusal refusalOf(voBuffer *bytes, XML_FLAGS flags = XML_FLAG_DECODE_LOCATION) {
@@ -15,11 +29,17 @@ Refusal refusalOf(voBuffer *bytes, XML_FLAGS flags = XML_FLAG_DECODE_LOCATION) {
     Ref result(xmlDocumentDecode(bytes, options, nullptr));
     if (Ref error(xmlDecodeResultError(result)); error)
         return {test::take(xmlDecodeErrorTryHint(error, bytes)),
-                xmlDecodeErrorByteOffset(error, bytes)};
+                xmlDecodeErrorByteOffset(error, bytes), closerPlace(error, bytes)};
     Ref resolved(xmlNsDocumentTryDecode(Ref(xmlDecodeResultDocument(result))));
     Ref error(xmlNsDecodeResultError(resolved));
     return {test::take(xmlNsDecodeErrorTryHint(error, bytes)),
-            xmlNsDecodeErrorByteOffset(error, bytes)};
+            xmlNsDecodeErrorByteOffset(error, bytes),
+            {}};
+}
+
+std::string_view viewOf(voBuffer *buffer) {
+    return {reinterpret_cast<const char *>(voBufferBacking(buffer)),
+            size_t(voBufferLength(buffer))};
 }
 
 Ref<voBuffer> encoded(voCharset charset, std::string_view text, voCharsetFlags flags = 0) {
@@ -81,8 +101,12 @@ TEST(Hint, SaysWhatIsWrongAndNotSomethingElse) {
         {"<a b='x&#X4a'/>", "end the reference \"&#X4a\" in the value of attribute 'b' with \";\""},
         {"<a b='&lt;&lt'/>", "write &amp; for \"&\" in the value of attribute 'b', or end the "
                              "reference with \";\""},
-        {"<a b='&#x;'/>", "write &amp; for \"&\" in the value of attribute 'b'"},
-        {"<a b='1'\n c='2'\n b='3'/>", "attribute 'b' is given twice, again in line 3, column 2"},
+        {"<a b='&#xZZ;'/>", "after \"&#\" in the value of attribute 'b' comes a number and \";\", "
+                            "as in &#8364; and &#x20AC;"},
+        {"<a>&#0;</a>", "the reference \"&#0;\" stands for no character"},
+        {"<a>&#65</a>",
+         "character references are for attribute values; write the character itself"},
+        {"<a b='1'\n c='2'\n b='3'/>", "attribute 'b' is given twice, first in line 1, column 25"},
         {"<a>x < y</a>",
          "the tag 'y' cannot hold \"<\" here; write &lt; where \"<\" does not begin a tag"},
         {"<a>x < y > z</a>", "the open element is <y> of line 1, column 27; write &lt; where \"<\" "
@@ -106,6 +130,78 @@ TEST(Hint, QuotesTheInputAsItStands) {
     const std::string name(100, 'n'), shortened(60, 'n');
     EXPECT_EQ(refusalOf(test::buffer("<?xml version='1.0'?><" + name + ">")).hint,
               "<" + shortened + "...> has no end tag");
+}
+
+TEST(Hint, KnowsTheSignsOfOtherThingsThanXml) {
+    const std::pair<std::string, const char *> rows[] = {
+        {"\x1F\x8B\b", "gzip; unpack"},
+        {"PK\x03\x04", "zip archive"},
+        {"\x89PNG\r\n", "PNG"},
+        {"%PDF-1.4", "PDF"},
+        {"\n<!DOCTYPE HTML>", "HTML"},
+        {"\xEF\xBB\xBF [1]", "JSON"},
+        {"<<<<<<< HEAD\n", "merge"},
+        {"<?xml?><a>\r<<<<<<< HEAD", "merge"},
+        {"<?xml?><a\n>>>>>>> x", "end tag"},
+        {"<?xml?><a\n<<<<<<< HEAD\n b=''/>", "merge"},
+        {"<?xml?><a> <<<<<<<", "&lt;"},
+    };
+    for (const auto &[text, word] : rows)
+        EXPECT_NE(refusalOf(test::buffer(text)).hint.find(word), std::string::npos) << text;
+}
+
+TEST(Hint, PointsAtWhatIsWrongWithinATag) {
+    const struct {
+        const char *text, *place;
+    } rows[] = {
+        {"<a\n b='1'\n c='x &amp;\n & y'/>", "4:2"},
+        {"<a\n b='1'\n\tb='1'/>", "3:2"},
+        {"<a\n b='1'\n c/>", "3:2"},
+        {"<a\n b='1'\n c=1/>", "3:2"},
+        {"<a\n b='1'\n c='\n<d/></a>", "3:2"},
+        {"<a\n b='1'\n %/>", "3:2"},
+        {"<a></a\n b>", "2:2"},
+        {"<a>", ""},
+        {"<a b='1'", ""},
+        {"<a>&</a>", ""},
+    };
+    for (const auto &[text, place] : rows)
+        EXPECT_EQ(refusalOf(test::buffer(std::string("<?xml version='1.0'?>") + text)).place, place)
+            << text;
+    EXPECT_EQ(refusalOf(test::buffer("<?xml version='1.0'\nstandalone='si'?>")).place, "2:13");
+}
+
+TEST(Hint, FindsTheFirstBytesThatAreIllFormedInAnyCharacterSet) {
+    const struct {
+        const char *name;
+        voCharset charset;
+        std::string bad;
+        int64_t mark;
+        bool knowsOffset;
+    } rows[] = {
+        {"UTF-8", VO_CHARSET_UTF_8, "\xE9", 3, true},
+        {"UTF-8", VO_CHARSET_UTF_8, "\xE2\x82", 3, true},
+        {"windows-1252", VO_CHARSET_WINDOWS_1252, "\x81", 0, true},
+        {"Shift_JIS", VO_CHARSET_SHIFT_JIS, "\xFF", 0, true},
+        {"GB18030", VO_CHARSET_GB18030, "\xFF", 0, true},
+        {"UTF-16", VO_CHARSET_UTF_16LE, std::string("\0\xDC", 2), 2, true},
+        {"UTF-16BE", VO_CHARSET_UTF_16BE, std::string("\xDC\0", 2), 2, true},
+        {"UTF-32", VO_CHARSET_UTF_32LE, std::string("\0\0\xFF\0", 4), 4, true},
+        {"ISO-2022-JP", VO_CHARSET_ISO_2022_JP, "\x1B(B\xFF", 0, false},
+    };
+    for (const auto &row : rows) {
+        const bool hasReplacement = row.charset >= VO_CHARSET_UTF_8;
+        std::string text = std::string("<?xml version='1.0' encoding='") + row.name + "'?>\n<a>";
+        if (hasReplacement) text += "\uFFFD";
+        Ref start = encoded(row.charset, text, row.mark ? VO_CHARSET_FLAG_BOM : 0);
+        for (const char *rest : {"", "</a>"}) {
+            const std::string end(viewOf(encoded(row.charset, rest)));
+            const std::string bytes = std::string(viewOf(start)) + row.bad + end;
+            const Refusal refusal = refusalOf(test::buffer(bytes));
+            EXPECT_EQ(refusal.place, hasReplacement ? "2:5" : "2:4") << row.name << rest;
+            EXPECT_EQ(refusal.byteOffset, row.knowsOffset ? voBufferLength(start) : -1) << row.name;
+        }
+    }
 }
 
 // An error and bytes that do not belong together are no reason to read outside the bytes.
@@ -141,4 +237,141 @@ TEST(Hint, TheTextIsWhatLocationsCountIn) {
     EXPECT_EQ(test::take(xmlDocumentTryDecodeText(bytes)), "<?xml version='1.0'?><a>\u00FC");
     EXPECT_EQ(xmlDocumentTryDecodeText(test::buffer("<a/>")), nullptr);
     EXPECT_EQ(xmlDocumentTryDecodeText(test::buffer("<?xml version='1.0'?>\xFF")), nullptr);
+}
+
+TEST(Hint, AnyBytesHaveATextToShow) {
+    const std::pair<std::string, const char *> rows[] = {
+        {"<?xml version='1.0' encoding='latin1'?>\xE9",
+         "<?xml version='1.0' encoding='latin1'?>\u00E9"},
+        {"<?xml version='1.0'?>\xE9<a", "<?xml version='1.0'?>\uFFFD<a"},
+        {"\xE9t\xC3\xA9", "\uFFFDt\u00E9"},
+        {std::string("\0<\0a", 4), "<a"},
+        {"", ""},
+    };
+    for (const auto &[bytes, text] : rows)
+        EXPECT_EQ(test::take(xmlDocumentDecodeTextLeniently(test::buffer(bytes))), text);
+}
+
+TEST(Hint, TheDeclaredEncodingIsGivenAsItStands) {
+    const std::pair<const char *, const char *> rows[] = {
+        {"<?xml version='1.0' encoding='utf8x'?>", "utf8x"},
+        {"\n<?xml encoding=\"Latin1\" ?", "Latin1"},
+        {"<?xml version='1.0'?><a encoding='x'/>", "<null>"},
+        {"<a encoding='x'/>", "<null>"},
+    };
+    for (const auto &[bytes, name] : rows)
+        EXPECT_EQ(test::take(xmlDocumentTryDeclaredEncoding(test::buffer(bytes))), name);
+}
+
+// ---------------------------------------------------------------- agreement with the decoder
+
+namespace {
+
+/// Calls `visit` with each start tag's attributes as the decoder has them and its `<` in the text.
+template <class Visit> void visitTags(XML_DOCUMENT *document, Visit visit) {
+    test::visitItems<test::Plain>(Ref(xmlDocumentItems(document)), [&](XML_ITEM *item) {
+        Ref element(xmlItemElement(item));
+        if (!element) return;
+        std::vector<std::pair<std::string, std::string>> attributes;
+        for (int64_t i = 0; i < xmlElementAttributesLength(element); ++i) {
+            Ref attribute(xmlElementAttributeAt(element, i));
+            attributes.emplace_back(test::take(xmlAttributeName(attribute)),
+                                    test::take(xmlAttributeTextValue(attribute)));
+        }
+        visit(attributes, voParserLocationOffset(Ref(xmlElementLocation(element))));
+    });
+}
+
+/// What decoding says about a text that was cut off and mended.
+void expectOtherError(std::string_view start, std::string_view end, const test::Decoded &before) {
+    const std::string mended = std::string(start) + std::string(end);
+    const test::Decoded after = test::decode(mended, XML_FLAG_DECODE_LOCATION);
+    EXPECT_FALSE(after.error == before.error && after.place.offset == before.place.offset)
+        << mended;
+}
+
+/// Without what the hint calls wrong in a tag, the tag is right.
+void expectRightUpTo(const xml::Refused &refused, const test::Decoded &decoded, int64_t closer) {
+    const std::string_view text = refused.text();
+    const size_t tag = xml::placeOfChar(text, decoded.place.offset);
+    if (decoded.error == "TAG" && closer >= 0) {
+        expectOtherError(text.substr(0, xml::placeOfChar(text, closer)), ">", decoded);
+    } else if (decoded.error == "ATTRIBUTE_LIST") {
+        const std::string_view name = xml::tagNameAt(text, tag);
+        const auto scan =
+            xml::scanAttributes(text, size_t(name.data() + name.size() - text.data()));
+        ASSERT_NE(scan.fault, xml::AttributeFault::none) << text;
+        const auto wrong = size_t(scan.attributes.back().name.data() - text.data());
+        expectOtherError(text.substr(0, wrong), ">", decoded);
+    }
+}
+
+void expectNoHint(voBuffer *bytes, int64_t offset) {
+    Ref place(voParserLocationCreate(nullptr, offset, 1, 1));
+    for (XML_DECODE_ERROR_CODE code = 0; XML_DECODE_ERROR_CODE_OK(code); ++code) {
+        Ref error(xmlDecodeErrorCreate(code, place));
+        EXPECT_EQ(xmlDecodeErrorTryHint(error, bytes), nullptr) << viewOf(bytes);
+        EXPECT_EQ(xmlDecodeErrorTryHintLocation(error, bytes), nullptr);
+    }
+}
+
+void expectGoodHint(voBuffer *bytes, const test::Decoded &decoded) {
+    Ref options(xmlOptionsCreate());
+    xmlOptionsSetFlags(options.edit(), XML_FLAG_DECODE_LOCATION);
+    Ref error(xmlDecodeResultError(Ref(xmlDocumentDecode(bytes, options, nullptr))));
+    EXPECT_NE(test::take(xmlDecodeErrorTryHint(error, bytes)), "<null>") << viewOf(bytes);
+    Ref location(xmlDecodeErrorTryHintLocation(error, bytes));
+    const int64_t closer = location ? voParserLocationOffset(location) : -1;
+    const xml::Refused refused(bytes);
+    if (location) {
+        Ref text(xmlDocumentDecodeTextLeniently(bytes));
+        EXPECT_LE(closer, voStringLength(text));
+        EXPECT_TRUE(closer >= decoded.place.offset || decoded.error == "XML_DECLARATION");
+    }
+    if (refused.text() == viewOf(bytes)) expectRightUpTo(refused, decoded, closer);
+}
+
+} // namespace
+
+TEST(Hint, ReadsAttributesAsTheDecoderDoes) {
+    test::RandomXml documents(47);
+    int tags = 0;
+    for (int round = 0; round < 200; ++round) {
+        const std::string bytes = documents.document(40);
+        const test::Decoded decoded = test::decode(bytes, XML_FLAG_DECODE_LOCATION);
+        ASSERT_TRUE(decoded.document) << bytes;
+        const std::string text = test::take(xmlDocumentTryDecodeText(test::buffer(bytes)));
+        visitTags(decoded.document, [&](const auto &attributes, int64_t offset) {
+            const std::string_view name = xml::tagNameAt(text, xml::placeOfChar(text, offset));
+            const auto scan =
+                xml::scanAttributes(text, size_t(name.data() + name.size() - text.data()));
+            ASSERT_EQ(scan.fault, xml::AttributeFault::none);
+            ASSERT_EQ(scan.attributes.size(), attributes.size()) << text;
+            for (size_t i = 0; i < attributes.size(); ++i) {
+                EXPECT_EQ(scan.attributes[i].name, attributes[i].first);
+                EXPECT_EQ(scan.attributes[i].value, attributes[i].second);
+            }
+            ++tags;
+        });
+    }
+    EXPECT_GT(tags, 1000);
+}
+
+TEST(Hint, NeverContradictsTheDecoder) {
+    test::RandomXml documents(11);
+    test::Mutator mutator(12);
+    std::map<std::string, int> seen;
+    std::string text = documents.document(20), other;
+    for (int round = 0; round < 3000; ++round) {
+        if (round % 10 == 0) other = std::exchange(text, documents.document(20));
+        const std::string changed = mutator.changed(text, other);
+        Ref bytes = test::buffer(changed);
+        const test::Decoded decoded = test::decode(changed, XML_FLAG_DECODE_LOCATION);
+        ++seen[decoded.error];
+        if (decoded.document)
+            expectNoHint(bytes, int64_t(mutator.below(changed.size() + 1)));
+        else
+            expectGoodHint(bytes, decoded);
+    }
+    EXPECT_EQ(seen.size(), size_t(XML_DECODE_ERROR_CODE_TEXT) + 2) << "every code, and no error";
 }

@@ -1,16 +1,15 @@
 #include "xml/xml_hint.h"
 
-#include "source/vo/vo_utf.hpp"
-#include "source/xml/base/xml_locator.hpp"
+#include "source/vo/vo_location.hpp"
 #include "source/xml/base/xml_skip.hpp"
-#include "source/xml/hint/xml_refused.hpp"
+#include "source/xml/hint/xml_charset_hint.hpp"
+#include "source/xml/hint/xml_ill_formed.hpp"
 #include "source/xml/outline/xml_outline_builder.hpp"
 #include "xml/xml_document_decode.h"
 #include "xml/xml_ns_document_decode.h"
 #include "xml/xml_options.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <optional>
 
@@ -18,133 +17,6 @@ using vo::Ref;
 
 namespace xml {
 namespace {
-
-constexpr const char *exampleDeclaration = R"(<?xml version="1.0" encoding="UTF-8"?>)";
-
-Message number(int64_t value, int base = 10) {
-    char digits[24];
-    return {digits, std::to_chars(digits, std::end(digits), value, base).ptr};
-}
-
-Message charsetName(voCharset charset) {
-    Ref name(voCharsetToIanaName(charset));
-    Ref bytes(voStringTryToUtf8(name));
-    return Message(pieceOf(bytes).bytes());
-}
-
-/// A name from the input, as far as it fits into a message.
-Message brief(std::string_view name) {
-    constexpr size_t longest = 60;
-    if (name.size() <= longest) return Message(name);
-    size_t end = longest;
-    while (end > 0 && (name[end] & 0xC0) == 0x80)
-        --end; // not inside a character
-    return Message(name.substr(0, end)) + "...";
-}
-
-Message quoted(std::string_view name) { return "'" + brief(name) + "'"; }
-Message tag(std::string_view name) { return "<" + brief(name) + ">"; }
-
-Message lowered(std::string_view ascii) {
-    Message lower(ascii);
-    for (char &ch : lower)
-        if (ch >= 'A' && ch <= 'Z') ch = char(ch - 'A' + 'a');
-    return lower;
-}
-
-/// Where `at` is, as the decoder counts unless it is told otherwise.
-Message lineAndColumn(Piece text, const uint8_t *at) {
-    Ref options(xmlOptionsCreate());
-    Locator locator(text.begin, text.end, xmlOptionsDecodeNlfFlags(options), nullptr);
-    const vo::Place place = locator.placeOf(at);
-    return "line " + number(place.line) + ", column " + number(place.column);
-}
-
-// ---------------------------------------------------------------- errors without a place
-
-/// The head of an input as UTF-8, whatever it is.
-Ref<voBuffer> guess(voBuffer *input) {
-    Ref head = headOf(input);
-    const std::string_view bytes = pieceOf(head).bytes();
-    const bool isMarked = bytes.starts_with("\xfe\xff") || bytes.starts_with("\xff\xfe");
-    return Ref(voCharsetTryConvertBufferToUtf8WithFlags(
-        isMarked ? VO_CHARSET_UTF_16 : VO_CHARSET_UTF_8, head, VO_CHARSET_FLAG_SNIFF));
-}
-
-/// Whether a declaration begins somewhere behind `at`.
-bool hasDeclaration(std::string_view head, size_t at) {
-    constexpr std::string_view opening = "<?xml";
-    while ((at = head.find(opening, at)) != head.npos) {
-        at += opening.size();
-        if (skipSpace(head, at) > at || beginsWith(head, at, "?>")) return true;
-    }
-    return false;
-}
-
-Message missingDeclaration(voBuffer *input) {
-    constexpr int64_t sample = 16;
-    Ref utf8 = guess(input);
-    const std::string_view head = pieceOf(utf8).bytes();
-    const size_t start = skipSpace(head, 0);
-    const std::string_view target = beginsWith(head, start, "<?") ? nameAt(head, start + 2) : "";
-    if (target != "xml" && lowered(target) == "xml")
-        return "write \"<?xml\" for \"<?" + Message(target) + "\"";
-    if (hasDeclaration(head, start))
-        return "the XML declaration must come first; remove what stands before it";
-    constexpr int64_t openingSize = 6; // "<?xml "
-    if (start > 0 && voBufferLength(input) > headLength &&
-        placeOfChar(head.substr(start), openingSize) == head.npos)
-        return "the XML declaration must begin within the first 1024 bytes";
-    if (start == head.size() || head[start] == '<')
-        return Message("a document begins with an XML declaration: ") + exampleDeclaration;
-    return "this does not look like XML; it begins with \"" +
-           Message(head.substr(0, placeOfChar(head, sample))) + "\"";
-}
-
-Message illFormedUtf8(const Refused &refused) {
-    const int64_t offset = refused.firstIllFormed();
-    if (offset < 0) return {};
-    const uint8_t *begin = voBufferBacking(refused.xml), *bad = begin + offset;
-    Message hexByte = number(*bad, 16);
-    std::transform(hexByte.begin(), hexByte.end(), hexByte.begin(),
-                   [](char ch) { return ch >= 'a' ? char(ch - 'a' + 'A') : ch; });
-    Message hint = "byte 0x" + hexByte + " at offset " + number(offset) + " (" +
-                   lineAndColumn(behindMark({begin, bad}), bad) + ") is not well-formed UTF-8";
-    if (!refused.declaredEncoding().empty()) return hint;
-    return hint + (refused.hasWholeDeclaration()
-                       ? "; the declaration names no other encoding"
-                       : "; an encoding counts if it is declared within the first 1024 bytes");
-}
-
-bool looksLikeUtf8(const Refused &refused) {
-    const uint8_t *bytes = voBufferBacking(refused.xml);
-    const uint8_t *end = bytes + voBufferLength(refused.xml);
-    return std::find(bytes, end, 0) == end && refused.firstIllFormed() < 0;
-}
-
-bool isKnown(std::string_view charset) {
-    Ref name(voStringTryCreateFromUtf8(charset.data(), int64_t(charset.size())));
-    return VO_CHARSET_OK(voCharsetFromIanaName(name));
-}
-
-Message charsetHint(const Refused &refused) {
-    const voCharset charset = refused.input.charset;
-    const std::string_view declared = refused.declaredEncoding();
-    if (voBufferLength(refused.xml) == 0) return "the input is empty";
-    if (!refused.hasDeclaration()) return missingDeclaration(refused.xml);
-    if (declared.empty() || !isKnown(declared)) {
-        Message hint = charset == VO_CHARSET_UTF_8
-                           ? illFormedUtf8(refused)
-                           : "by its first bytes the text is in " + charsetName(charset) +
-                                 ", but not all of it is valid there";
-        if (!declared.empty())
-            hint += "; the declared encoding " + quoted(declared) + " is not known";
-        return hint;
-    }
-    if (charset == VO_CHARSET_UTF_8) return illFormedUtf8(refused);
-    return "the declaration names the encoding " + quoted(declared) + ", but the bytes are " +
-           (looksLikeUtf8(refused) ? "well-formed UTF-8" : "not all valid in it");
-}
 
 // ---------------------------------------------------------------- errors at a place
 
@@ -155,8 +27,18 @@ struct Site {
     size_t at;
 };
 
+size_t offsetOf(const Site &site, std::string_view part) {
+    return size_t(part.data() - site.text.data());
+}
+
 Message lineAndColumn(const Site &site, const char *at) {
     return lineAndColumn(site.refused.input.text, reinterpret_cast<const uint8_t *>(at));
+}
+
+/// A hint about a closer place in the text than the site's.
+Advice closer(const Site &site, size_t at, Message message) {
+    const Piece text = site.refused.input.text;
+    return {std::move(message), placeOf(text, text.begin + std::min(at, site.text.size()))};
 }
 
 /// `&` begins no reference. `where` says in which value.
@@ -166,11 +48,18 @@ Message referenceHint(std::string_view text, size_t at, const Message &where) {
         return "the reference \"" + brief(number) + "\"" + where + " stands for no character";
     if (!number.empty())
         return "end the reference \"" + brief(number) + "\"" + where + " with \";\"";
+    if (beginsWith(text, at, "&#"))
+        return "after \"&#\"" + where + " comes a number and \";\", as in &#8364; and &#x20AC;";
     const Message hint = "write &amp; for \"&\"" + where;
     return nameAt(text, at + 1).empty() ? hint : hint + ", or end the reference with \";\"";
 }
 
-Message faultHint(const Site &site, const AttributeScan &scan) {
+/// The first attribute's name that is `name`; there must be one.
+std::string_view firstOf(const vo::Vec<AttributeView> &attributes, std::string_view name) {
+    return std::ranges::find(attributes, name, &AttributeView::name)->name;
+}
+
+Message faultMessage(const Site &site, const AttributeScan &scan) {
     const AttributeView last = scan.attributes.empty() ? AttributeView() : scan.attributes.back();
     const auto &[label, value] = last;
     const Message name = quoted(label);
@@ -178,8 +67,8 @@ Message faultHint(const Site &site, const AttributeScan &scan) {
     case AttributeFault::none:
         return {};
     case AttributeFault::duplicate:
-        return "attribute " + name + " is given twice, again in " +
-               lineAndColumn(site, label.data());
+        return "attribute " + name + " is given twice, first in " +
+               lineAndColumn(site, firstOf(scan.attributes, label).data());
     case AttributeFault::noEquals:
         return "attribute " + name + " has no value";
     case AttributeFault::noQuote:
@@ -194,13 +83,17 @@ Message faultHint(const Site &site, const AttributeScan &scan) {
     VO_UNREACHABLE();
 }
 
+Advice faultHint(const Site &site, const AttributeScan &scan) {
+    return closer(site, scan.faultAt, faultMessage(site, scan));
+}
+
 bool isVersion(std::string_view value) {
     const auto *begin = reinterpret_cast<const uint8_t *>(value.data());
     const uint8_t *end = begin + value.size();
     return !value.empty() && skipVersionNum(begin, end) == end;
 }
 
-Message declarationHint(const Site &site) {
+Advice declarationHint(const Site &site) {
     constexpr std::string_view opening = "<?xml";
     const AttributeScan scan = scanAttributes(site.text, skipSpace(site.text, 0) + opening.size());
     if (scan.fault != AttributeFault::none) return faultHint(site, scan);
@@ -208,21 +101,23 @@ Message declarationHint(const Site &site) {
     for (const auto &[name, value] : scan.attributes) {
         hasVersion |= name == "version";
         if (name == "version" && !isVersion(value))
-            return R"(the version is "1." and digits, such as "1.0")";
+            return closer(site, offsetOf(site, value),
+                          R"(the version is "1." and digits, such as "1.0")");
         if (name == "standalone" && value != "yes" && value != "no")
-            return R"(the value of standalone is "yes" or "no")";
+            return closer(site, offsetOf(site, value),
+                          R"(the value of standalone is "yes" or "no")");
     }
     if (!hasVersion) return R"(the declaration must have a version, such as version="1.0")";
     return R"(the declaration must end in "?>")";
 }
 
-Message doctypeHint(const Site &) {
+Advice doctypeHint(const Site &) {
     return "remove the declaration, and replace references to entities that it defines";
 }
 
 /// Where the text goes on behind a part of it.
 size_t behind(const Site &site, std::string_view part) {
-    return size_t(part.data() - site.text.data()) + part.size();
+    return offsetOf(site, part) + part.size();
 }
 
 constexpr const char *noTag = "write &lt; where \"<\" does not begin a tag";
@@ -233,7 +128,8 @@ Message perhapsNoTag(std::string_view text, size_t at) {
     return isLikely ? Message("; ") + noTag : Message();
 }
 
-Message tagHint(const Site &site) {
+Advice tagHint(const Site &site) {
+    if (isConflictMark(site.text, site.at)) return conflictHint;
     if (beginsWith(site.text, site.at, "<!"))
         return "after \"<!\" only a comment or a CDATA section can follow";
     const bool isEnd = beginsWith(site.text, site.at, "</");
@@ -244,9 +140,11 @@ Message tagHint(const Site &site) {
     if (!isEnd && beginsWith(site.text, end, "/")) end = skipSpace(site.text, end + 1);
     const Message subject = "the tag " + quoted(name);
     const std::string_view next = charAt(site.text, end);
-    const Message fault = next.empty() ? Message(" does not end in \">\"")
-                                       : " cannot hold \"" + Message(next) + "\" here";
-    return subject + fault + perhapsNoTag(site.text, site.at);
+    if (next.empty()) return subject + " does not end in \">\"" + perhapsNoTag(site.text, site.at);
+    if (isConflictMark(site.text, end)) return closer(site, end, conflictHint);
+    return closer(site, end,
+                  subject + " cannot hold \"" + Message(next) + "\" here" +
+                      perhapsNoTag(site.text, site.at));
 }
 
 /// The `<` of the element that is open just before the site, found by decoding up to there; null
@@ -259,7 +157,7 @@ const uint8_t *openElement(const Site &site) {
     return isOpen ? read.place : nullptr;
 }
 
-Message mismatchHint(const Site &site) {
+Advice mismatchHint(const Site &site) {
     const Piece text = site.refused.input.text;
     const uint8_t *open = openElement(site);
     if (!open) return "no element is open here";
@@ -268,29 +166,30 @@ Message mismatchHint(const Site &site) {
            lineAndColumn(site, site.text.data() + at) + perhapsNoTag(site.text, at);
 }
 
-Message notClosedHint(const Site &site) {
+Advice notClosedHint(const Site &site) {
     return tag(tagNameAt(site.text, site.at)) + " has no end tag" +
            perhapsNoTag(site.text, site.at);
 }
 
-Message instructionHint(const Site &site) {
+Advice instructionHint(const Site &site) {
     if (!contains(site.text, site.at, "?>")) return "the instruction does not end in \"?>\"";
     return "an instruction begins with a name, right after \"<?\"";
 }
 
-Message commentHint(const Site &site) {
+Advice commentHint(const Site &site) {
     if (!contains(site.text, site.at + 4, "-->")) return "the comment does not end in \"-->\"";
     return "a comment is not empty, neither begins nor ends with \"-\" and holds no \"--\"";
 }
 
-Message cdataHint(const Site &) { return "the section does not end in \"]]>\""; }
+Advice cdataHint(const Site &) { return "the section does not end in \"]]>\""; }
 
-Message attributesHint(const Site &site) {
+Advice attributesHint(const Site &site) {
     return faultHint(site, scanAttributes(site.text, behind(site, tagNameAt(site.text, site.at))));
 }
 
-Message textHint(const Site &site) {
-    if (beginsWith(site.text, site.at, "&#"))
+Advice textHint(const Site &site) {
+    const std::string_view number = charRefAt(site.text, site.at);
+    if (isCharRef(site.text, site.at) || (!number.empty() && !number.ends_with(';')))
         return "character references are for attribute values; write the character itself";
     return referenceHint(site.text, site.at, {});
 }
@@ -303,27 +202,27 @@ std::string_view nameAtFault(const Site &site) {
     return isElement ? tagNameAt(site.text, site.at) : nameAt(site.text, site.at);
 }
 
-Message namespaceHint(const Site &) {
+Advice namespaceHint(const Site &) {
     return "a namespace name holds no undefined entity, and is not the one reserved for \"xmlns\"";
 }
 
-Message prefixHint(const Site &site) {
+Advice prefixHint(const Site &site) {
     return "in " + quoted(nameAtFault(site)) + " the prefix is not a name";
 }
 
-Message unknownPrefixHint(const Site &site) {
+Advice unknownPrefixHint(const Site &site) {
     const std::string_view name = nameAtFault(site), prefix = name.substr(0, name.find(':'));
     if (prefix == "xmlns") return "the prefix xmlns is for declarations; no element has it";
     return "declare the prefix with xmlns:" + brief(prefix) + "=\"...\" here or further out";
 }
 
-Message localNameHint(const Site &site) {
+Advice localNameHint(const Site &site) {
     return "in " + quoted(nameAtFault(site)) + " a name without a colon must follow the prefix";
 }
 
 // ---------------------------------------------------------------- both layers
 
-using SiteHint = Message (*)(const Site &);
+using SiteHint = Advice (*)(const Site &);
 
 /// By error code. An error of the character set has no place.
 constexpr SiteHint plainHints[] = {
@@ -342,13 +241,13 @@ std::optional<size_t> placeIn(const Refused &refused, voParserLocation *optional
     return place == Message::npos ? std::nullopt : std::optional(place);
 }
 
-Message hintAt(const Refused &refused, voParserLocation *optionalLocation, SiteHint hint) {
+Advice adviceAt(const Refused &refused, voParserLocation *optionalLocation, SiteHint hint) {
     if (refused.contradictsItself())
         return "the declaration is written in " + charsetName(refused.declaration.readable) +
                ", but names the encoding " + quoted(refused.declaredEncoding());
-    if (!hint) return charsetHint(refused);
+    if (!hint) return charsetAdvice(refused);
     const auto place = placeIn(refused, optionalLocation);
-    return place ? hint({refused, refused.text(), *place}) : Message();
+    return place ? hint({refused, refused.text(), *place}) : Advice();
 }
 
 /// Whether decoding gives this error at this place. Hints rely on it: bytes that are not those that
@@ -377,9 +276,24 @@ bool nsGives(voBuffer *xml, XML_NS_DECODE_ERROR_CODE code, voParserLocation *opt
            voParserLocationOffset(location) == voParserLocationOffset(optionalLocation);
 }
 
-voString *stringOrNull(const Message &hint) {
-    if (hint.empty()) return nullptr;
-    return voStringTryCreateFromUtf8(hint.data(), int64_t(hint.size()));
+Advice adviceOn(XML_DECODE_ERROR *err, voBuffer *xml) {
+    Ref location(xmlDecodeErrorLocation(err));
+    const XML_DECODE_ERROR_CODE code = xmlDecodeErrorErrorCode(err);
+    const Refused refused(xml);
+    if (!refused.contradictsItself() && !gives(refused, code, location)) return {};
+    return adviceAt(refused, location, plainHints[code]);
+}
+
+Advice adviceOn(XML_NS_DECODE_ERROR *err, voBuffer *xml) {
+    Ref location(xmlNsDecodeErrorLocation(err));
+    const XML_NS_DECODE_ERROR_CODE code = xmlNsDecodeErrorErrorCode(err);
+    if (!nsGives(xml, code, location)) return {};
+    return adviceAt(Refused(xml), location, nsHints[code]);
+}
+
+voString *stringOrNull(std::string_view text) {
+    if (text.empty()) return nullptr;
+    return voStringTryCreateFromUtf8(text.data(), int64_t(text.size()));
 }
 
 int64_t byteOffsetOf(const Refused &refused, voParserLocation *optionalLocation) {
@@ -393,20 +307,21 @@ int64_t byteOffsetOf(const Refused &refused, voParserLocation *optionalLocation)
 voString *xmlDecodeErrorTryHint(XML_DECODE_ERROR *err, voBuffer *xml) {
     VO_ASSERT(err);
     VO_ASSERT(xml);
-    Ref location(xmlDecodeErrorLocation(err));
-    const XML_DECODE_ERROR_CODE code = xmlDecodeErrorErrorCode(err);
-    const xml::Refused refused(xml);
-    if (!refused.contradictsItself() && !xml::gives(refused, code, location)) return nullptr;
-    return xml::stringOrNull(xml::hintAt(refused, location, xml::plainHints[code]));
+    return xml::stringOrNull(xml::adviceOn(err, xml).text);
 }
 
 voString *xmlNsDecodeErrorTryHint(XML_NS_DECODE_ERROR *err, voBuffer *xml) {
     VO_ASSERT(err);
     VO_ASSERT(xml);
-    Ref location(xmlNsDecodeErrorLocation(err));
-    const XML_NS_DECODE_ERROR_CODE code = xmlNsDecodeErrorErrorCode(err);
-    if (!xml::nsGives(xml, code, location)) return nullptr;
-    return xml::stringOrNull(xml::hintAt(xml::Refused(xml), location, xml::nsHints[code]));
+    return xml::stringOrNull(xml::adviceOn(err, xml).text);
+}
+
+voParserLocation *xmlDecodeErrorTryHintLocation(XML_DECODE_ERROR *err, voBuffer *xml) {
+    VO_ASSERT(err);
+    VO_ASSERT(xml);
+    const auto place = xml::adviceOn(err, xml).place;
+    if (!place) return nullptr;
+    return voParserLocationCreate(nullptr, place->offset, place->line, place->column);
 }
 
 int64_t xmlDecodeErrorByteOffset(XML_DECODE_ERROR *err, voBuffer *xml) {
@@ -415,8 +330,8 @@ int64_t xmlDecodeErrorByteOffset(XML_DECODE_ERROR *err, voBuffer *xml) {
     const xml::Refused refused(xml);
     if (xmlDecodeErrorErrorCode(err) != XML_DECODE_ERROR_CODE_CHARSET)
         return xml::byteOffsetOf(refused, Ref(xmlDecodeErrorLocation(err)));
-    const bool isUtf8 = refused.hasDeclaration() && refused.input.charset == VO_CHARSET_UTF_8;
-    return isUtf8 ? refused.firstIllFormed() : -1;
+    if (!refused.hasDeclaration() || refused.input.buffer) return -1;
+    return xml::findIllFormed(xml, refused.input.charset).offset;
 }
 
 int64_t xmlNsDecodeErrorByteOffset(XML_NS_DECODE_ERROR *err, voBuffer *xml) {
@@ -430,4 +345,18 @@ voString *xmlDocumentTryDecodeText(voBuffer *xml) {
     const xml::Input input = xml::readInput(xml, VO_CHARSET_FLAG_BOM);
     if (!input.buffer) return nullptr;
     return voStringTryCreateFromUtf8(input.text.bytes().data(), input.text.size());
+}
+
+voString *xmlDocumentDecodeTextLeniently(voBuffer *xml) {
+    VO_ASSERT(xml);
+    const xml::Declaration declaration = xml::findDeclaration(xml);
+    const voCharset charset = declaration.buffer ? xml::readInput(xml, VO_CHARSET_FLAG_BOM).charset
+                                                 : xml::charsetByBeginning(xml);
+    Ref utf8 = xml::readLeniently(xml, charset);
+    return voStringTryCreateFromUtf8(xml::pieceOf(utf8).bytes().data(), voBufferLength(utf8));
+}
+
+voString *xmlDocumentTryDeclaredEncoding(voBuffer *xml) {
+    VO_ASSERT(xml);
+    return xml::stringOrNull(xml::declaredEncoding(xml::findDeclaration(xml)));
 }

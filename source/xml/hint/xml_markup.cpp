@@ -49,6 +49,11 @@ AttributeFault scanValue(std::string_view text, size_t &at, std::string_view &va
     return faultOf(value);
 }
 
+size_t faultPlace(std::string_view text, const AttributeView &attribute, AttributeFault fault) {
+    if (fault != AttributeFault::badReference) return size_t(attribute.name.data() - text.data());
+    return size_t(attribute.value.data() - text.data()) + badReferenceIn(attribute.value);
+}
+
 } // namespace
 
 size_t skipSpace(std::string_view text, size_t at) {
@@ -92,6 +97,16 @@ std::string_view charRefAt(std::string_view text, size_t at) {
     return text.substr(at, end - at + beginsWith(text, end, ";"));
 }
 
+bool isCharRef(std::string_view text, size_t at) {
+    const Piece rest = pieceFrom(text, at);
+    return beginsWith(text, at, "&#") && skipReference(rest.begin, rest.end) != rest.begin;
+}
+
+bool isConflictMark(std::string_view text, size_t at) {
+    const bool startsLine = at == 0 || text[at - 1] == '\n' || text[at - 1] == '\r';
+    return startsLine && (beginsWith(text, at, "<<<<<<<") || beginsWith(text, at, ">>>>>>>"));
+}
+
 size_t badReferenceIn(std::string_view value) {
     size_t at = 0;
     for (; (at = value.find('&', at)) != value.npos; ++at) {
@@ -112,6 +127,7 @@ AttributeScan scanAttributes(std::string_view text, size_t at) {
         scan.fault = scanValue(text, at, attribute.value);
         if (scan.fault == AttributeFault::none && !names.add(attribute.name))
             scan.fault = AttributeFault::duplicate;
+        scan.faultAt = faultPlace(text, attribute, scan.fault);
         scan.attributes.push_back(attribute);
         if (scan.fault != AttributeFault::none) return scan;
     }

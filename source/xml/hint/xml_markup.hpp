@@ -22,7 +22,8 @@ struct AttributeView {
 struct AttributeScan {
     vo::Vec<AttributeView> attributes;
     AttributeFault fault = AttributeFault::none;
-    size_t end = 0; ///< Where no attribute begins any more; white space is skipped.
+    size_t faultAt = 0; ///< Where that shows: the attribute, or a reference in its value.
+    size_t end = 0;     ///< Where no attribute begins any more; white space is skipped.
 };
 
 // Texts are UTF-8; places are offsets in bytes, which may lie behind the end.
@@ -43,6 +44,12 @@ std::string_view tagNameAt(std::string_view text, size_t at);
 /// What looks like a character reference at `at`, with or without a semicolon; empty without
 /// digits.
 std::string_view charRefAt(std::string_view text, size_t at);
+
+/// Whether a character reference that is right begins at `at`.
+bool isCharRef(std::string_view text, size_t at);
+
+/// Whether a line that separates the sides of a merge conflict begins at `at`.
+bool isConflictMark(std::string_view text, size_t at);
 
 /// The first "&" in an attribute's value that begins no reference; npos when there is none.
 size_t badReferenceIn(std::string_view value);

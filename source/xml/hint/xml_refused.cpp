@@ -3,7 +3,6 @@
 #include "source/vo/vo_buffer_builder.hpp"
 
 #include <algorithm>
-#include <array>
 
 using vo::Ref;
 
@@ -26,40 +25,21 @@ int unitSize(voCharset charset) {
     }
 }
 
-/// In which byte orders an input in this character set may be.
-std::array<voCharset, 2> byteOrdersOf(voCharset charset) {
-    if (charset == VO_CHARSET_UTF_16) return {VO_CHARSET_UTF_16BE, VO_CHARSET_UTF_16LE};
-    if (charset == VO_CHARSET_UTF_32) return {VO_CHARSET_UTF_32BE, VO_CHARSET_UTF_32LE};
-    return {charset, charset};
-}
-
-/// How many bytes the UTF-8 sequence with this first byte has.
-int sequenceLength(uint8_t lead) { return lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4; }
-
 } // namespace
 
 Refused::Refused(voBuffer *bytes)
     : xml(bytes), declaration(findDeclaration(bytes)),
       input(readInput(bytes, VO_CHARSET_FLAG_BOM)) {}
 
-std::string_view Refused::declaredEncoding() const {
-    for (const AttributeView &attribute : scanAttributes(settings(), 0).attributes)
+std::string_view declaredEncoding(const Declaration &declaration) {
+    for (const AttributeView &attribute :
+         scanAttributes(declaration.settings.bytes(), 0).attributes)
         if (attribute.name == "encoding") return attribute.value;
     return {};
 }
 
 bool Refused::contradictsItself() const {
     return unitSize(input.charset) != unitSize(declaration.readable);
-}
-
-int64_t Refused::firstIllFormed() const {
-    const uint8_t *begin = xml->items(), *at = begin, *end = begin + xml->length;
-    while ((at = vo::skipAscii(at, end)) < end) {
-        const int length = sequenceLength(*at);
-        if (length > end - at || !vo___Utf8IsValid(at, length)) return at - begin;
-        at += length;
-    }
-    return -1;
 }
 
 /// What follows the place ends the input, whatever mark or escapes the input begins with.
@@ -74,6 +54,12 @@ int64_t Refused::byteOffset(size_t place) const {
         if (std::ranges::equal(whole.last(tail.size()), tail)) return xml->length - encoded->length;
     }
     return -1;
+}
+
+std::array<voCharset, 2> byteOrdersOf(voCharset charset) {
+    if (charset == VO_CHARSET_UTF_16) return {VO_CHARSET_UTF_16BE, VO_CHARSET_UTF_16LE};
+    if (charset == VO_CHARSET_UTF_32) return {VO_CHARSET_UTF_32BE, VO_CHARSET_UTF_32LE};
+    return {charset, charset};
 }
 
 size_t placeOfChar(std::string_view text, int64_t index) {

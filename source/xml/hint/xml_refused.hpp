@@ -4,9 +4,13 @@
 #include "source/xml/base/xml_input.hpp"
 #include "source/xml/hint/xml_markup.hpp"
 
+#include <array>
 #include <string_view>
 
 namespace xml {
+
+/// The encoding that a declaration names, or nothing.
+std::string_view declaredEncoding(const Declaration &declaration);
 
 struct Refused {
     explicit Refused(voBuffer *bytes);
@@ -19,14 +23,10 @@ struct Refused {
     /// Whether the declaration ends within the head of the input.
     bool hasWholeDeclaration() const { return contains(settings(), 0, "?>"); }
 
-    /// The encoding that the declaration names, or nothing.
-    std::string_view declaredEncoding() const;
+    std::string_view declaredEncoding() const { return xml::declaredEncoding(declaration); }
 
     /// Whether the declaration names an encoding in which it could not be read itself.
     bool contradictsItself() const;
-
-    /// The offset of the first byte of `xml` that does not belong to well-formed UTF-8, or -1.
-    int64_t firstIllFormed() const;
 
     /// The offset in `xml` of a place in the text; -1 when that is not known.
     int64_t byteOffset(size_t place) const;
@@ -38,6 +38,9 @@ struct Refused {
   private:
     std::string_view settings() const { return declaration.settings.bytes(); }
 };
+
+/// In which byte orders an input in this character set may be; the same one twice if there is one.
+std::array<voCharset, 2> byteOrdersOf(voCharset charset);
 
 /// The offset in bytes of a character of UTF-8, which may be the end; npos behind that.
 size_t placeOfChar(std::string_view text, int64_t index);
