@@ -7,8 +7,10 @@
 
 namespace tool {
 
+/// Before other text: a U+001B at the end would begin an escape of ISO-2022-JP.
 static bool fits(uint32_t ch, voCharset charset) {
-    Ref encoded(voCharsetTryConvertStringToBufferWithFlags(charset, makeString(Chars(&ch, 1)), 0));
+    const uint32_t text[] = {ch, ' ', ' ', ' '};
+    Ref encoded(voCharsetTryConvertStringToBufferWithFlags(charset, makeString(Chars(text)), 0));
     return encoded;
 }
 

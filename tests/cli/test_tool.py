@@ -543,6 +543,15 @@ class Writing(ToolTest):
                             f"a.xml:{place}: error: {text}\n{line}\n{caret}\n"
                             "hint: UTF-8 has every character\n")
 
+    def test_a_character_is_not_blamed_for_what_another_does_at_its_place(self):
+        self.put("a.xml", "<a>\x1b \u65e5\u00e9</a>")
+        result = self.voxml("convert", "--to", "ISO-2022-JP", "a.xml")
+        self.assertIn("a.xml:2:7: error: ISO-2022-JP lacks the character U+00E9",
+                      result.stderr.decode())
+        self.put("a.xml", "<a>\x1b(B</a>")
+        result = self.voxml("convert", "--to", "ISO-2022-JP", "a.xml")
+        self.assertIn("as they follow each other", result.stderr.decode())
+
     def test_a_character_that_a_namespace_name_refers_to_must_fit_too(self):
         rows = [
             ("&#xD800;", "utf-8", "UTF-8 lacks the character U+D800",
