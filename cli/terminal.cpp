@@ -8,16 +8,18 @@
 
 namespace tool {
 
-int columns(int descriptor) {
-    constexpr int fallback = 100, least = 20;
-    winsize size{};
-    if (ioctl(descriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return fallback;
-    return std::max<int>(size.ws_col, least);
-}
-
 static std::string_view environment(const char *name) {
     const char *value = std::getenv(name);
     return value ? value : "";
+}
+
+int columns(int descriptor) {
+    constexpr int fallback = 100, least = 20;
+    if (const int wished = std::atoi(std::string(environment("COLUMNS")).c_str()); wished > 0)
+        return std::max(wished, least);
+    winsize size{};
+    if (ioctl(descriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return fallback;
+    return std::max<int>(size.ws_col, least);
 }
 
 static Colors wished = Colors::automatic;

@@ -6,7 +6,8 @@
 
 namespace tool {
 
-/// Columns for what is written to `descriptor`: the terminal's, or a fixed number elsewhere.
+/// Columns for what is written to `descriptor`: what the environment says (COLUMNS), else the
+/// terminal's, else a fixed number.
 int columns(int descriptor);
 
 enum class Colors {

@@ -19,6 +19,14 @@ if(TARGET voxml_tool)
   file(RELATIVE_PATH lib_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
   set_target_properties(voxml_tool PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
   install(TARGETS voxml_tool COMPONENT tool)
+  set(pages ${PROJECT_BINARY_DIR}/cli)
+  install(FILES ${pages}/voxml.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+  install(FILES ${pages}/voxml.bash RENAME voxml COMPONENT tool
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${pages}/_voxml COMPONENT tool
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+  install(FILES ${pages}/voxml.fish COMPONENT tool
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endif()
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR}
   COMPONENT runtime)

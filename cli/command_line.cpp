@@ -1,38 +1,57 @@
-// The command-line tool.
+#include "command_line.hpp"
+
 #include "closest.hpp"
 #include "commands.hpp"
-#include "files.hpp"
+#include "help.hpp"
 #include "terminal.hpp"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
-#include <cstdlib>
-#include <new>
-#include <sstream>
 #include <thread>
 
 #include <unistd.h>
 
-using namespace tool;
-
+namespace tool {
 namespace {
 
-/// The library's shared state, for the time of the program.
-struct Session {
-    Session() { voModuleStartup(xmlModule()); }
-    Session(const Session &) = delete;
-    Session &operator=(const Session &) = delete;
-    ~Session() { voModuleShutdown(xmlModule()); }
-};
+std::vector<std::pair<int, std::string>> statuses() {
+    return {
+        {fine, "all is well"},
+        {refused, "an input is not acceptable"},
+        {wrongUsage, "wrong usage"},
+        {fileTrouble, "a file could not be read or written"},
+        {charsetTooSmall, "the character set cannot hold the text"},
+        {outOfMemory, "out of memory"},
+    };
+}
 
-/// The libraries abort where memory is lacking. Users get a message and a status for that.
-void answerLackOfMemory(int) {
-    if (errno != ENOMEM) return;
-    (void)!writeAll(STDERR_FILENO, "voxml: error: out of memory\n");
-    std::_Exit(outOfMemory);
+OptionUsage usageOf(const CLI::Option &option) {
+    OptionUsage usage{{},
+                      option.get_option_text(),
+                      option.get_description(),
+                      option.get_group(),
+                      option.get_required()};
+    for (const std::string &name : option.get_snames())
+        usage.names.push_back("-" + name);
+    for (const std::string &name : option.get_lnames())
+        usage.names.push_back("--" + name);
+    return usage;
+}
+
+/// A command's own options stand before those that most commands have.
+CommandUsage usageOf(const CLI::App &app) {
+    CommandUsage usage{app.get_name(), app.get_description(), app.get_footer(), {}, {}};
+    for (const CLI::Option *option : app.get_options())
+        if (option->nonpositional())
+            usage.options.push_back(usageOf(*option));
+        else
+            usage.arguments.push_back({option->get_name(true), option->get_description(),
+                                       option->get_required(),
+                                       option->get_items_expected_max() > 1});
+    std::ranges::stable_partition(
+        usage.options, [](const OptionUsage &option) { return option.group != commonOptions; });
+    return usage;
 }
 
 /// The command line: options are read into the request, and a command is chosen.
@@ -41,10 +60,10 @@ class CommandLine {
     CommandLine() {
         app.require_subcommand(1);
         app.set_version_flag("--version", "voxml " TOOL_VERSION, "Print the version and exit");
-        app.get_formatter()->label("OPTIONS", "OPTION...");
-        app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-        app.get_formatter()->column_width(28);
-        app.footer(footer);
+        app.set_help_flag("-h,--help", "Print this help and exit");
+        app.footer(
+            "Of several inputs the largest status counts.\n"
+            "'voxml COMMAND --help' tells more about a command, 'man voxml' more about all.");
         addCommands();
     }
 
@@ -65,31 +84,40 @@ class CommandLine {
         return command(request);
     }
 
+    ProgramUsage usage() const {
+        ProgramUsage program{usageOf(app), {}, statuses()};
+        for (const CLI::App *sub : app.get_subcommands({}))
+            program.commands.push_back(usageOf(*sub));
+        return program;
+    }
+
   private:
     using Command = Status (*)(const Request &);
+
+    static constexpr const char *ownOptions = "Options";
 
     /// Keeps the parser from reading a file name such as [a,b] as a list of two names.
     static void protect(std::string &argument) {
         if (argument.starts_with('[') && argument.ends_with(']')) argument.insert(0, "./");
     }
 
-    static constexpr const char *footer = "Exit status:\n"
-                                          "  0  all is well\n"
-                                          "  1  an input is not acceptable\n"
-                                          "  2  wrong usage\n"
-                                          "  3  a file could not be read or written\n"
-                                          "  4  the character set cannot hold the text\n"
-                                          "  5  out of memory\n"
-                                          "Of several inputs the largest status counts.";
-
     void addCommands() {
         CLI::App *sub = add("check", check, "Tell what is wrong with documents, if anything");
         namespaces(sub, "Check the use of namespaces as well");
         sub->add_flag("--fail-fast", request.failFast, "Stop at the first input with an error");
         jobs(sub);
+        sub->footer("Says nothing when all is well. An error comes with its place, the line there "
+                    "and, where one is known, a hint.\n"
+                    "\n"
+                    "  voxml check -r -j0 FOLDER    all XML files in a folder, on all processors");
 
         sub = add("canonical", canonical, "Write documents in canonical layout");
         writing(sub);
+        sub->footer("The canonical layout keeps every node and text. Tags have one form: one blank "
+                    "before each attribute, values in double quotes (in apostrophes where that "
+                    "needs fewer escapes), <a/> for an element without content.\n"
+                    "\n"
+                    "  voxml canonical -i a.xml    writes it over the file");
 
         sub = add("format", format, "Indent documents; tell which ones are not formatted");
         layout(sub);
@@ -97,31 +125,54 @@ class CommandLine {
 
         sub = add("convert", convert, "Write documents in another character set");
         sub->add_option("--to", request.charset, "The character set; see voxml charsets")
-            ->option_text("CHARSET (required)")
+            ->option_text("CHARSET")
             ->required();
         writing(sub);
+        sub->footer("The document is written in canonical layout, and its declaration names the "
+                    "character set. Nothing is written where that lacks a character of the text.\n"
+                    "\n"
+                    "  voxml convert --to UTF-8 -o new.xml old.xml");
 
         sub = add("import", canonical, "Write any well-formed XML documents in canonical layout");
         sub->parse_complete_callback([this] { request.import = true; });
         writing(sub);
+        sub->footer("The other commands refuse a document without an XML declaration, with a "
+                    "DOCTYPE or with character references in text. Importing takes it: references "
+                    "are replaced, entities and default attributes of the DOCTYPE applied, and the "
+                    "DOCTYPE itself left out. Nothing outside the document is ever read. With "
+                    "--import other commands do the same first.\n"
+                    "\n"
+                    "  voxml import page.xhtml | voxml tree");
 
         sub = add("tree", tree, "Print the tree of nodes for people to read");
         namespaces(sub, "Show names as {namespace}name, and declarations");
         sub->add_flag("--locations", request.locations, "Show the line and column of each node");
         jobs(sub);
+        sub->footer("One node a line, indented by depth. Texts stand in quotes, with line ends and "
+                    "control characters as escapes.");
 
-        add("stats", stats, "Count nodes, measure the time that decoding takes");
+        sub = add("stats", stats, "Count nodes, and measure the time that decoding takes");
+        sub->footer("Of several files each has its figures, and all have a total.");
 
-        app.add_subcommand("charsets", "List the character sets with their aliases")
-            ->callback([this] { command = charsets; });
+        sub = addBare("charsets", charsets, "List the character sets with their aliases");
+        sub->footer("A line has the number of the character set, its name and its aliases. Names "
+                    "count in upper and lower case alike.");
+    }
+
+    CLI::App *addBare(const char *name, Command function, const char *description) {
+        CLI::App *sub = app.add_subcommand(name, description);
+        sub->callback([this, function] { command = function; });
+        sub->option_defaults()->group(commonOptions);
+        sub->set_help_flag("-h,--help", "Print this help and exit");
+        sub->option_defaults()->group(ownOptions);
+        return sub;
     }
 
     /// A command that takes files.
     CLI::App *add(const char *name, Command function, const char *description) {
-        CLI::App *sub = app.add_subcommand(name, description);
-        sub->callback([this, function] { command = function; });
-        sub->add_option("FILE", request.files, "The documents; none or - is standard input")
-            ->option_text("...");
+        CLI::App *sub = addBare(name, function, description);
+        sub->add_option("FILE", request.files, "The documents; none or - is standard input");
+        sub->option_defaults()->group(commonOptions);
         sub->add_flag("--import", request.import,
                       "Take any well-formed XML: with DOCTYPE, without a declaration and so on");
         sub->add_flag("-r,--recursive", request.recursive, "Read the files in folders, too");
@@ -134,11 +185,12 @@ class CommandLine {
         sub->add_flag("-q,--quiet", request.quiet,
                       "No messages about inputs, only the exit status");
         sub->add_flag("--json-errors", json, "Messages as JSON, one object a line");
-        sub->add_option("--color", colors, "When to use colours: auto, always or never")
-            ->option_text("WHEN")
+        sub->add_option("--color", colors, "When to use colours; auto is on terminals")
+            ->option_text("auto|always|never")
             ->transform(CLI::Transformer(std::map<std::string, Colors>{{"auto", Colors::automatic},
                                                                        {"always", Colors::always},
                                                                        {"never", Colors::never}}));
+        sub->option_defaults()->group(ownOptions);
         return sub;
     }
 
@@ -187,9 +239,7 @@ class CommandLine {
     /// The parser ends with an exception for help and version as well as for a mistake.
     Status answer(const CLI::ParseError &error) {
         if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
-            std::ostringstream text;
-            app.exit(error, text, text);
-            writeOut(text.str());
+            writeOut(error.get_name() == "CallForHelp" ? help() : error.what() + std::string("\n"));
             return fine;
         }
         const auto chosen = app.get_subcommands();
@@ -198,6 +248,14 @@ class CommandLine {
         else
             reportUsage("voxml " + chosen.back()->get_name(), mistake(*chosen.back(), error));
         return wrongUsage;
+    }
+
+    std::string help() const {
+        const auto chosen = app.get_subcommands();
+        const int width = columns(STDOUT_FILENO);
+        const Painter painter(STDOUT_FILENO);
+        return chosen.empty() ? helpOf(usage(), width, painter)
+                              : helpOf(usageOf(*chosen.back()), width, painter);
     }
 
     static std::string mistake(const CLI::App &sub, const CLI::ParseError &error) {
@@ -225,7 +283,7 @@ class CommandLine {
         return "unknown command '" + rest.front() + "'" + suggestion(rest.front(), known);
     }
 
-    CLI::App app{"Reads and writes XML documents.", "voxml"};
+    CLI::App app{"voxml reads and writes XML documents.", "voxml"};
     Request request;
     Colors colors = Colors::automatic;
     bool json = false;
@@ -234,15 +292,10 @@ class CommandLine {
 
 } // namespace
 
-int main(int argc, char **argv) {
-    prepareStreams();
-    (void)std::signal(SIGABRT, answerLackOfMemory);
-    Session session;
-    try {
-        return CommandLine().run({argv + 1, argv + argc});
-    } catch (const Stop &stop) {
-        return stop.status;
-    } catch (const std::bad_alloc &) {
-        return reportMemory("voxml");
-    }
+Status runCommandLine(std::vector<std::string> arguments) {
+    return CommandLine().run(std::move(arguments));
 }
+
+ProgramUsage usageOfProgram() { return CommandLine().usage(); }
+
+} // namespace tool
