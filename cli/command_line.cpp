@@ -122,6 +122,11 @@ class CommandLine {
         sub = add("format", format, "Indent documents; tell which ones are not formatted");
         layout(sub);
         writing(sub);
+        sub->footer("Line ends and blanks are added where no text is, so that the document stays "
+                    "the same for programs that do not count those.\n"
+                    "\n"
+                    "  voxml format -i a.xml             indents the file\n"
+                    "  voxml format --check -r folder    tells which files are not indented");
 
         sub = add("convert", convert, "Write documents in another character set");
         sub->add_option("--to", request.charset, "The character set; see voxml charsets")

@@ -32,9 +32,14 @@ std::vector<std::string> charsetNames() {
     return names;
 }
 
-/// By what a value is called.
+/// By what a value is called. Of several alternatives those in capitals stand for others.
 Choice choiceOf(const std::string &value) {
-    if (value.find('|') != value.npos) return {false, split(value, '|')};
+    if (value.find('|') != value.npos) {
+        std::vector<std::string> words = split(value, '|');
+        std::erase_if(words,
+                      [](const std::string &word) { return word[0] >= 'A' && word[0] <= 'Z'; });
+        return {false, words};
+    }
     if (value == "CHARSET") return {false, charsetNames()};
     return {value == "FILE" || value == "FOLDER", {}};
 }

@@ -75,20 +75,23 @@ std::string synopsisLine(const CommandUsage &command) {
     return out;
 }
 
-/// Paragraphs; what begins with a blank is an example.
+/// Paragraphs; lines that begin with a blank are examples.
 std::string paragraphs(std::string_view text) {
     std::string out;
+    bool inExample = false;
     while (!text.empty()) {
-        std::string_view paragraph = text.substr(0, text.find('\n'));
+        const std::string_view paragraph = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(text.size(), paragraph.size() + 1));
-        const size_t start = paragraph.find_first_not_of(' ');
-        if (start == paragraph.npos) continue;
-        if (start == 0)
-            out += ".Pp\n" + sentences(paragraph);
+        if (paragraph.empty()) continue;
+        const bool isExample = paragraph.starts_with(' ');
+        if (isExample != inExample) out += isExample ? ".Bd -literal -offset indent\n" : ".Ed\n";
+        inExample = isExample;
+        if (isExample)
+            out += line(paragraph.substr(paragraph.find_first_not_of(' ')));
         else
-            out += ".Bd -literal -offset indent\n" + line(paragraph.substr(start)) + ".Ed\n";
+            out += ".Pp\n" + sentences(paragraph);
     }
-    return out;
+    return inExample ? out + ".Ed\n" : out;
 }
 
 std::string sectionOf(const CommandUsage &command) {

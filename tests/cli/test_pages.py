@@ -48,12 +48,6 @@ class Help(unittest.TestCase):
                 for line in lines:
                     self.assertLessEqual(len(line), min(max(width, 50), 100), text)
 
-    def test_every_command_says_more_than_its_options(self):
-        for command in COMMANDS:
-            with self.subTest(command):
-                self.assertRegex(help_of(command), r"(?s)  -h, --help .*\n\n\S.*")
-
-
 class Manual(unittest.TestCase):
     def test_it_is_sound(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -80,7 +74,7 @@ class Manual(unittest.TestCase):
         commands = [command.replace(r"\(dq", '"')
                     for command in re.findall(r"^\.Dl (.*)", examples, re.M)]
         self.assertGreater(len(commands), 15)
-        document = '<?xml version="1.0"?><a/>'
+        document = output(TOOL, "format", input='<?xml version="1.0"?><a/>')
         for command in commands:
             with self.subTest(command), tempfile.TemporaryDirectory() as folder:
                 os.mkdir(f"{folder}/folder")
@@ -88,7 +82,7 @@ class Manual(unittest.TestCase):
                 for name in names | {"folder/a.xml", "folder/a.svg"}:
                     with open(f"{folder}/{name}", "w", encoding="utf-8") as file:
                         file.write(document)
-                generator = f"generate() {{ echo '{document}'; }}; less() {{ cat; }}\n"
+                generator = f"generate() {{ printf %s '{document}'; }}; less() {{ cat; }}\n"
                 path = f"{os.path.dirname(TOOL)}:{os.environ['PATH']}"
                 result = subprocess.run(
                     ["bash", "-c", generator + command.replace("...; fi", ":; fi")], cwd=folder,
@@ -123,6 +117,7 @@ class Completions(unittest.TestCase):
         self.assertEqual(in_bash("check", "--color", "=", "N"), ["never"])
         self.assertEqual(in_bash("convert", "--to", "utf-8"), ["UTF-8"])
         self.assertEqual(len(in_bash("convert", "--to", "")), 51)
+        self.assertEqual(in_bash("format", "--indent", ""), ["tab"])
         self.assertEqual(in_bash("unknown", ""), [])
 
     def test_bash_offers_files_where_there_can_be_some(self):
@@ -159,7 +154,6 @@ class Completions(unittest.TestCase):
             self.assertIn("file.xml", offers("voxml check f"))
             self.assertNotIn("file.xml", offers("voxml charsets f"))
             self.assertEqual(len(offers("voxml convert --to ")), 51)
-
 
     def test_all_three_name_every_option(self):
         for name in "voxml.bash", "_voxml", "voxml.fish":
