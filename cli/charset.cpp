@@ -1,6 +1,7 @@
 #include "charset.hpp"
 
 #include "closest.hpp"
+#include "wrap.hpp"
 
 #include <algorithm>
 #include <iterator>
@@ -36,20 +37,17 @@ voCharset closestCharset(std::string_view name) {
 
 std::string charsetName(voCharset charset) { return take(voCharsetToIanaName(charset)); }
 
-std::string charsetTable() {
-    constexpr size_t idWidth = 3, nameWidth = 14;
+std::string charsetTable(size_t width) {
+    constexpr size_t idWidth = 3, nameWidth = 14, aliasColumn = idWidth + 2 + nameWidth;
     std::string table;
     for (voCharset charset = 0; VO_CHARSET_OK(charset); ++charset) {
         const std::string id = std::to_string(charset);
         std::string line = std::string(idWidth - id.size(), ' ') + id + "  " + charsetName(charset);
-        const size_t aliasColumn = idWidth + 2 + nameWidth;
-        std::string_view separator;
-        for (const std::string &alias : aliasesOf(charset)) {
-            if (line.size() < aliasColumn) line.resize(aliasColumn, ' ');
-            line.append(separator).append(alias);
-            separator = ", ";
-        }
-        table += line + "\n";
+        std::string aliases;
+        for (const std::string &alias : aliasesOf(charset))
+            aliases.append(aliases.empty() ? "" : ", ").append(alias);
+        if (!aliases.empty() && line.size() < aliasColumn) line.resize(aliasColumn, ' ');
+        table += line + wrapped(aliases, {line.size(), aliasColumn, width}) + "\n";
     }
     return table;
 }

@@ -16,7 +16,7 @@ voCharset closestCharset(std::string_view name);
 
 std::string charsetName(voCharset charset);
 
-/// A table of all character sets: id, name, aliases.
-std::string charsetTable();
+/// A table of all character sets: id, name, aliases. Lines are broken to stay within the width.
+std::string charsetTable(size_t width);
 
 } // namespace tool

@@ -85,7 +85,7 @@ class CommandLine {
     }
 
     ProgramUsage usage() const {
-        ProgramUsage program{usageOf(app), {}, statuses()};
+        ProgramUsage program{TOOL_VERSION, usageOf(app), {}, statuses()};
         for (const CLI::App *sub : app.get_subcommands({}))
             program.commands.push_back(usageOf(*sub));
         return program;

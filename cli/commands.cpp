@@ -3,9 +3,13 @@
 #include "charset.hpp"
 #include "deliver.hpp"
 #include "stats.hpp"
+#include "terminal.hpp"
 #include "tree.hpp"
 
+#include <cstdint>
 #include <optional>
+
+#include <unistd.h>
 
 namespace tool {
 
@@ -71,7 +75,9 @@ Status stats(const Request &request) {
 }
 
 Status charsets(const Request &) {
-    writeOut(charsetTable());
+    // What programs read has one line for each.
+    const bool isTerminal = isatty(STDOUT_FILENO);
+    writeOut(charsetTable(isTerminal ? static_cast<size_t>(columns(STDOUT_FILENO)) : SIZE_MAX));
     return fine;
 }
 

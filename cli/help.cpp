@@ -1,5 +1,7 @@
 #include "help.hpp"
 
+#include "wrap.hpp"
+
 #include <algorithm>
 
 namespace tool {
@@ -13,23 +15,8 @@ class Page {
 
     /// Words behind what the line has already; further lines are indented.
     void words(std::string_view text, size_t indentation) {
-        size_t column = out.size() - (out.rfind('\n') + 1); // npos + 1 is 0
-        bool isFirst = true;
-        while (!text.empty()) {
-            const std::string_view word = text.substr(0, text.find(' '));
-            text.remove_prefix(std::min(text.size(), word.size() + 1));
-            if (!isFirst && column + 1 + word.size() > width) {
-                out += "\n" + std::string(indentation, ' ');
-                column = indentation;
-            } else if (!isFirst) {
-                out += ' ';
-                ++column;
-            }
-            out += word;
-            column += word.size();
-            isFirst = false;
-        }
-        out += '\n';
+        const size_t column = out.size() - (out.rfind('\n') + 1); // npos + 1 is 0
+        out += wrapped(text, {column, indentation, width}) + "\n";
     }
 
     void heading(std::string_view text) { out += "\n" + painter.bold(text) + "\n"; }
@@ -134,8 +121,8 @@ std::string helpOf(const CommandUsage &usage, int columns, const Painter &painte
     Page page(columns, painter);
     page.paragraphs(usage.description + ".");
     page.heading("Usage:");
-    page.out += "  voxml " + usage.name;
-    page.words(synopsisOf(usage), 4);
+    page.out += "  voxml ";
+    page.words(usage.name + synopsisOf(usage), 4);
     if (!usage.arguments.empty()) page.heading("Arguments:");
     const size_t column = columnFor(usage.arguments, nameOf);
     for (const ArgumentUsage &argument : usage.arguments)

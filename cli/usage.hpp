@@ -31,6 +31,7 @@ struct CommandUsage {
 };
 
 struct ProgramUsage {
+    std::string version;
     CommandUsage program;
     std::vector<CommandUsage> commands;
     std::vector<std::pair<int, std::string>> statuses; ///< Exit statuses and what they mean.

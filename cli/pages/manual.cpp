@@ -149,6 +149,7 @@ std::string statusItems(const ProgramUsage &usage) {
 
 std::string manualOf(const ProgramUsage &usage, const std::string &source) {
     const std::map<std::string_view, std::string> places = {
+        {"@OS@\n", ".Os voxml " + usage.version + "\n"},
         {"@SYNOPSIS@\n", join(usage.commands, synopsisLine)},
         {"@COMMANDS@\n", join(usage.commands, sectionOf)},
         {"@COMMON_OPTIONS@\n", commonItems(usage)},
