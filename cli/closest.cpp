@@ -34,12 +34,19 @@ static size_t editDistance(std::string_view a, std::string_view b) {
     return row.back();
 }
 
+/// The beginning of a word, if it is not too short to tell, comes as close as a slip.
+static size_t distanceBetween(std::string_view wanted, std::string_view word) {
+    constexpr size_t telling = 3;
+    const bool begins = wanted.size() >= telling && word.starts_with(wanted);
+    return begins ? std::min<size_t>(1, word.size() - wanted.size()) : editDistance(wanted, word);
+}
+
 const std::string *closest(std::string_view wanted, std::span<const std::string> words) {
     const std::string folding = folded(wanted);
     size_t limit = folding.size() / 3 + 1; // A short word is close to everything.
     const std::string *found = nullptr;
     for (const std::string &word : words) {
-        const size_t distance = editDistance(folding, folded(word));
+        const size_t distance = distanceBetween(folding, folded(word));
         if (distance >= limit) continue;
         limit = distance;
         found = &word;

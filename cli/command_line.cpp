@@ -54,6 +54,13 @@ CommandUsage usageOf(const CLI::App &app) {
     return usage;
 }
 
+/// "help COMMAND" is another way to say "COMMAND --help".
+void acceptHelp(std::vector<std::string> &arguments) {
+    if (arguments.empty() || arguments.front() != "help") return;
+    arguments.erase(arguments.begin());
+    arguments.push_back("--help");
+}
+
 /// The command line: options are read into the request, and a command is chosen.
 class CommandLine {
   public:
@@ -61,13 +68,13 @@ class CommandLine {
         app.require_subcommand(1);
         app.set_version_flag("--version", "voxml " TOOL_VERSION, "Print the version and exit");
         app.set_help_flag("-h,--help", "Print this help and exit");
-        app.footer(
-            "Of several inputs the largest status counts.\n"
-            "'voxml COMMAND --help' tells more about a command, 'man voxml' more about all.");
+        app.footer("Of several inputs the largest status counts.\n"
+                   "'voxml help COMMAND' tells more about a command, 'man voxml' more about all.");
         addCommands();
     }
 
     Status run(std::vector<std::string> arguments) {
+        acceptHelp(arguments);
         std::for_each(arguments.begin(), arguments.end(), protect);
         std::reverse(arguments.begin(), arguments.end()); // the parser's order
         try {
@@ -263,15 +270,21 @@ class CommandLine {
                               : helpOf(usageOf(*chosen.back()), width, painter);
     }
 
-    static std::string mistake(const CLI::App &sub, const CLI::ParseError &error) {
+    std::string mistake(const CLI::App &sub, const CLI::ParseError &error) const {
+        if (const auto before = app.remaining(); !before.empty())
+            return "'" + before.front() + "' stands before the command, where options follow it";
         const auto rest = sub.remaining();
         if (rest.empty() || !rest.front().starts_with('-')) return error.what();
+        const std::string what = "unknown option '" + rest.front() + "'";
+        if (isFile(rest.front())) return what + "; write the file as ./" + rest.front();
         std::vector<std::string> known;
         for (const CLI::Option *option : sub.get_options())
             for (const std::string &name : option->get_lnames())
                 known.push_back("--" + name);
-        return "unknown option '" + rest.front() + "'" + suggestion(rest.front(), known);
+        return what + suggestion(rest.front(), known);
     }
+
+    static bool isFile(const std::string &path) { return access(path.c_str(), F_OK) == 0; }
 
     static std::string suggestion(const std::string &wanted, std::span<const std::string> known) {
         const std::string *found = closest(wanted, known);
@@ -285,6 +298,8 @@ class CommandLine {
         for (const CLI::App *sub : app.get_subcommands({}))
             known.push_back(sub->get_name());
         if (rest.front().starts_with('-')) return "unknown option '" + rest.front() + "'";
+        if (isFile(rest.front()))
+            return "a command is required before '" + rest.front() + "', such as check";
         return "unknown command '" + rest.front() + "'" + suggestion(rest.front(), known);
     }
 

@@ -5,6 +5,7 @@
 #include "inorder.hpp"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace tool {
 
@@ -22,7 +23,9 @@ Status forEach(const Request &request, const Inputs &inputs,
     const auto readAndHandle = [&](const std::string &file) {
         Input input{file, file == "-" ? request.standardInput : file.empty() ? "\"\"" : file, {}};
         const int error = readFile(file, input.bytes);
-        return error ? reportFile(input.name, "cannot be read", error) : handle(input);
+        if (error == 0) return handle(input);
+        return reportFile(input.name, "cannot be read", error,
+                          error == EISDIR ? "-r reads the files in folders" : "");
     };
     const Pace pace{request.jobs, request.failFast};
     return std::max(inputs.status, inOrder(inputs.files, readAndHandle, pace));

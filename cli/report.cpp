@@ -129,9 +129,9 @@ void report(const Diagnostic &diagnostic, Chars text) {
     writeError(message);
 }
 
-Status reportFile(const std::string &file, std::string_view what, int error) {
+Status reportFile(const std::string &file, std::string_view what, int error, std::string hint) {
     if (error == ENOMEM) return reportMemory(file);
-    report({file, {}, std::string(what) + ": " + std::strerror(error), {}, {}}, {});
+    report({file, {}, std::string(what) + ": " + std::strerror(error), {}, std::move(hint)}, {});
     return fileTrouble;
 }
 

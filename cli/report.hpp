@@ -53,7 +53,7 @@ struct Diagnostic {
 void report(const Diagnostic &diagnostic, Chars text);
 
 /// Reports that a file cannot be read, or written, and gives the status for that.
-Status reportFile(const std::string &file, std::string_view what, int error);
+Status reportFile(const std::string &file, std::string_view what, int error, std::string hint = {});
 
 /// Reports that there is not enough memory for a file.
 Status reportMemory(const std::string &file);

@@ -79,9 +79,11 @@ class Manual(unittest.TestCase):
             with self.subTest(command), tempfile.TemporaryDirectory() as folder:
                 os.mkdir(f"{folder}/folder")
                 names = set(re.findall(r"[\w.]+\.(?:xml|xhtml|canonical)\b", command))
-                for name in names | {"folder/a.xml", "folder/a.svg"}:
+                for name in names | {"a.xml", "folder/a.xml", "folder/a.svg"}:
                     with open(f"{folder}/{name}", "w", encoding="utf-8") as file:
                         file.write(document)
+                if "zcat" in command:
+                    subprocess.run(["gzip", "a.xml"], cwd=folder, check=True)
                 generator = f"generate() {{ printf %s '{document}'; }}; less() {{ cat; }}\n"
                 path = f"{os.path.dirname(TOOL)}:{os.environ['PATH']}"
                 result = subprocess.run(

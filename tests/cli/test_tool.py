@@ -278,7 +278,8 @@ class Errors(ToolTest):
         self.put("bad.xml", "<a>")
         self.expect(["check", "no\x1b\n.xml", ".", "good.xml"], 3, stderr=
                     "no\\u{1B}\\n.xml: error: cannot be read: No such file or directory\n"
-                    ".: error: cannot be read: Is a directory\n")
+                    ".: error: cannot be read: Is a directory\n"
+                    "hint: -r reads the files in folders\n")
         self.assertEqual(self.voxml("check", "missing", "bad.xml").returncode, 3)
 
     def test_an_input_larger_than_memory_is_an_error_like_any_other(self):
@@ -302,6 +303,13 @@ class Errors(ToolTest):
             ([], "voxml", "a command is required"),
             (["chekc"], "voxml", "unknown command 'chekc'; did you mean check?"),
             (["--bogus"], "voxml", "unknown option '--bogus'"),
+            (["--ns", "check"], "voxml check",
+             "'--ns' stands before the command, where options follow it"),
+            (["a.xml"], "voxml", "a command is required before 'a.xml', such as check"),
+            (["check", "-a.xml"], "voxml check",
+             "unknown option '-a.xml'; write the file as ./-a.xml"),
+            (["check", "--json"], "voxml check",
+             "unknown option '--json'; did you mean --json-errors?"),
             (["check", "--bogus"], "voxml check", "unknown option '--bogus'"),
             (["tree", "--location"], "voxml tree",
              "unknown option '--location'; did you mean --locations?"),
@@ -324,6 +332,8 @@ class Errors(ToolTest):
             (["convert", "--to", "xyzzy"], "voxml convert",
              "unknown character set 'xyzzy' ('voxml charsets' lists all)"),
         ]
+        self.put("a.xml", "<a/>")
+        self.put("-a.xml", "<a/>")
         for arguments, command, text in rows:
             with self.subTest(arguments):
                 self.expect(arguments, 2,
@@ -401,7 +411,8 @@ class Many(ToolTest):
             "message": "mismatched opening/closing XML tags",
             "hint": "the open element is <b> of line 2, column 8"})
         self.assertEqual(second, {"file": "d", "severity": "error",
-                                  "message": "cannot be read: Is a directory"})
+                                  "message": "cannot be read: Is a directory",
+                                  "hint": "-r reads the files in folders"})
         self.expect(["check", "-q", "bad.xml"], 1)
         result = self.voxml("check", "--stdin-name", "page.xml", stdin=b"<?xml?><a>")
         self.assertTrue(result.stderr.startswith(b"page.xml:1:8: error: "))
@@ -669,6 +680,7 @@ document 1.0 UTF-8
         self.assertIn(b"\x1b", self.voxml("tree", "--color", "always", "a.xml").stdout)
 
     def test_help_and_version_are_answers(self):
+        self.assertEqual(self.voxml("help", "tree").stdout, self.voxml("tree", "-h").stdout)
         self.assertRegex(self.voxml("--version").stdout, rb"^voxml \d+\.\d+\.\d+\n$")
         for command in ("check", "canonical", "convert", "import", "tree", "stats", "charsets"):
             result = self.voxml(command, "--help")
