@@ -357,6 +357,28 @@ TEST(Hint, ReadsAttributesAsTheDecoderDoes) {
     EXPECT_GT(tags, 1000);
 }
 
+TEST(Hint, ReadsTheDeclaredEncodingAsTheDecoderDoes) {
+    test::Mutator mutator(13);
+    int known = 0, unknown = 0;
+    for (int round = 0; round < 5000; ++round) {
+        // The head, in which an encoding counts, ends somewhere in the declaration.
+        const std::string blanks(round % 2 ? 975 + mutator.below(30) : 0, ' ');
+        const std::string start =
+            "<?xml version='1.0'" + blanks + " encoding='latin1' standalone='no'?>";
+        const std::string bytes = mutator.changed(start, " encoding='x'") + "<a/>";
+        Ref xml = test::buffer(bytes);
+        const xml::Refused refused(xml);
+        if (!refused.hasDeclaration()) continue;
+        Ref name(xmlDocumentTryDeclaredEncoding(xml));
+        const voCharset named = name ? voCharsetFromIanaName(name) : -1;
+        const bool isKnown = VO_CHARSET_OK(named);
+        ++(isKnown ? known : unknown);
+        EXPECT_EQ(refused.input.charset, isKnown ? named : voCharset{VO_CHARSET_UTF_8}) << bytes;
+    }
+    EXPECT_GT(known, 500);
+    EXPECT_GT(unknown, 500);
+}
+
 TEST(Hint, NeverContradictsTheDecoder) {
     test::RandomXml documents(11);
     test::Mutator mutator(12);

@@ -32,9 +32,10 @@ Refused::Refused(voBuffer *bytes)
       input(readInput(bytes, VO_CHARSET_FLAG_BOM)) {}
 
 std::string_view declaredEncoding(const Declaration &declaration) {
-    for (const AttributeView &attribute :
-         scanAttributes(declaration.settings.bytes(), 0).attributes)
-        if (attribute.name == "encoding") return attribute.value;
+    AttributeScan scan = scanAttributes(declaration.settings.bytes(), 0);
+    if (scan.fault != AttributeFault::none) scan.attributes.pop_back();
+    for (const auto &[name, value] : scan.attributes)
+        if (name == "encoding") return value;
     return {};
 }
 
