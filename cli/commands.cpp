@@ -3,6 +3,7 @@
 #include "charset.hpp"
 #include "deliver.hpp"
 #include "stats.hpp"
+#include "strict.hpp"
 #include "tree.hpp"
 
 #include <optional>
@@ -24,9 +25,19 @@ static Status rewrite(const Request &request, std::optional<voCharset> charset) 
     });
 }
 
+/// All errors are told, not only the first.
+static Status checkOne(const Request &request, const Input &input) {
+    const Decoded decoded = decode(input.bytes, wishOf(request));
+    if (!decoded.failure) return fine;
+    if (request.quiet) return refused;
+    Ref text = textOf(input);
+    return refuse(input, errorsFrom(*decoded.failure, chars(text)), text);
+}
+
 Status check(const Request &request) {
-    return forEachDecoded(request, inputsOf(request),
-                          [](const Input &, const Decoded &) { return fine; });
+    return forEach(request, inputsOf(request), [&](const Input &input) {
+        return (request.strict ? checkStrictly : checkOne)(request, input);
+    });
 }
 
 Status canonical(const Request &request) { return rewrite(request, std::nullopt); }

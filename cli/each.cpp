@@ -48,10 +48,15 @@ Ref<voString> textOf(const Input &input) {
 }
 
 Status refuse(const Request &request, const Input &input, const Failure &failure) {
-    if (request.quiet) return refused;
-    Ref text = textOf(input);
-    report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
-           chars(text));
+    return request.quiet ? refused : refuse(input, {{failure}, false}, textOf(input));
+}
+
+Status refuse(const Input &input, const Errors &errors, voString *text) {
+    for (const Failure &failure : errors.list)
+        report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
+               chars(text));
+    if (errors.hasMore)
+        report({input.name, {}, "there are more errors", {}, {}, Severity::note}, {});
     return refused;
 }
 

@@ -1,6 +1,7 @@
 // What all commands that take files do with them.
 #pragma once
 
+#include "errors.hpp"
 #include "inputs.hpp"
 #include "request.hpp"
 
@@ -33,5 +34,8 @@ Ref<voString> textOf(const Input &input);
 
 /// Reports why an input is not acceptable.
 Status refuse(const Request &request, const Input &input, const Failure &failure);
+
+/// The same with all that is wrong in it. `text` is for showing lines of it, and may be empty.
+Status refuse(const Input &input, const Errors &errors, voString *text);
 
 } // namespace tool

@@ -88,12 +88,17 @@ static std::string quoted(std::string_view text) {
     return out + "\"";
 }
 
+static std::string nameOf(Severity severity) {
+    return severity == Severity::error ? "error" : "note";
+}
+
 static std::string toJson(const Diagnostic &diagnostic) {
     std::string line = "{\"file\":" + quoted(shown(std::string_view(diagnostic.file)));
     if (const auto &place = diagnostic.place)
         line += ",\"line\":" + std::to_string(place->line) +
                 ",\"column\":" + std::to_string(place->column) +
                 ",\"offset\":" + std::to_string(place->offset);
+    line += ",\"severity\":" + quoted(nameOf(diagnostic.severity));
     line += ",\"message\":" + quoted(diagnostic.text);
     if (!diagnostic.code.empty()) line += ",\"code\":" + quoted(diagnostic.code);
     if (!diagnostic.hint.empty()) line += ",\"hint\":" + quoted(diagnostic.hint);
@@ -104,7 +109,10 @@ static std::string heading(const Diagnostic &diagnostic, const Painter &painter)
     std::string where = shown(std::string_view(diagnostic.file)) + ":";
     if (const auto &place = diagnostic.place)
         where += std::to_string(place->line) + ":" + std::to_string(place->column) + ":";
-    std::string line = painter.bold(where) + " " + painter.red("error:") + " " + diagnostic.text;
+    const std::string label = nameOf(diagnostic.severity) + ":";
+    std::string line = painter.bold(where) + " ";
+    line += diagnostic.severity == Severity::error ? painter.red(label) : painter.cyan(label);
+    line += " " + diagnostic.text;
     if (!diagnostic.code.empty()) line += " [" + diagnostic.code + "]";
     return line + "\n";
 }

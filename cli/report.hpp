@@ -33,13 +33,19 @@ enum class Messages {
 /// The form that messages take from now on.
 void setMessages(Messages form);
 
-/// What is wrong with an input.
+enum class Severity {
+    error,
+    note ///< Nothing is wrong.
+};
+
+/// What is to be said of an input.
 struct Diagnostic {
     std::string file;
     std::optional<Place> place;
     std::string text;
     std::string code; ///< May be empty, as may be the hint.
     std::string hint;
+    Severity severity = Severity::error;
 };
 
 /// Writes a message to standard error in one piece. `text` is the input, for showing the line at

@@ -1,0 +1,246 @@
+#include "errors.hpp"
+
+#include "markup.hpp"
+
+#include <algorithm>
+
+namespace tool {
+namespace {
+
+constexpr std::string_view declaration = "<?xml version=\"1.0\"?>";
+constexpr std::string_view codes = "XML_DECODE_ERROR_CODE_";
+
+/// What became of an error in the text; of several in one tag the last of these counts.
+enum class Mended {
+    no,   ///< It is one, and what follows may come of it.
+    moot, ///< It is none of its own, and does not matter any more.
+    yes   ///< It is one, and does not matter any more.
+};
+
+/// A text in which errors give way to white space, so that the decoder gets to the next one. All
+/// else stays at its place.
+///
+/// A tag that does not match does so because of an error before it or by itself. So its element is
+/// taken out of the text, and when the other tag of that element comes, it goes silently.
+class Patient {
+  public:
+    Patient(Chars original, const Accepts &acceptsAnyway)
+        : accepts(acceptsAnyway), text(utf8(original)) {
+        if (text.substr(skipXmlSpace(text, 0)).starts_with("<?xml")) {
+            forgetEncoding();
+        } else {
+            text.insert(0, declaration);
+            inserted = declaration.size();
+        }
+    }
+
+    /// The first error that is left.
+    std::optional<Failure> examine() const {
+        Ref bytes(voBufferCreateFromBytesCopy(text.data(), static_cast<int64_t>(text.size())));
+        Decoded decoded = decode(bytes, {.locations = true});
+        if (decoded.failure) moveBack(*decoded.failure);
+        return decoded.failure;
+    }
+
+    Mended mend(const Failure &failure) {
+        if (!failure.place || !failure.code.starts_with(codes)) return Mended::no;
+        const std::string_view code = std::string_view(failure.code).substr(codes.size());
+        const size_t at = byteAt(failure.place->offset + static_cast<int64_t>(inserted));
+        if (code == "TAG_MISMATCH") return mendMismatch(at);
+        if (code == "TEXT") return mendText(at);
+        if (code == "ATTRIBUTE_LIST") return mendAttributes(at);
+        if (code == "COMMENT") return mendComment(at);
+        if (code == "XML_DECLARATION") return mendDeclaration(at);
+        return Mended::no;
+    }
+
+  private:
+    /// The text is UTF-8 now, whatever it was.
+    void forgetEncoding() {
+        const size_t end = text.find("?>"), name = text.find("encoding");
+        if (name >= end) return;
+        const size_t quote = text.find_first_of("'\"", name);
+        if (quote < end) blank(name, std::min(text.find(text[quote], quote + 1) + 1, end));
+    }
+
+    /// Hints quote names and single characters, so that only a place reads like one.
+    void moveBack(Failure &failure) const {
+        if (inserted == 0 || !failure.place) return;
+        const auto shift = static_cast<int64_t>(inserted);
+        failure.place->offset -= shift;
+        if (failure.place->line == 1) failure.place->column -= shift;
+        constexpr std::string_view firstLine = " line 1, column ";
+        const size_t found = failure.hint.find(firstLine);
+        if (found == std::string::npos) return;
+        const size_t digits = found + firstLine.size();
+        const size_t end = failure.hint.find_first_not_of("0123456789", digits);
+        const int64_t column = std::stoll(failure.hint.substr(digits)) - shift;
+        failure.hint.replace(digits, end - digits, std::to_string(column));
+    }
+
+    size_t byteAt(int64_t character) const {
+        size_t at = 0;
+        const auto continues = [&] {
+            return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
+        };
+        for (; character > 0 && at < text.size(); --character)
+            for (++at; continues();)
+                ++at;
+        return at;
+    }
+
+    /// Markup is ASCII; other characters are as good as white space.
+    void blank(size_t from, size_t to) {
+        std::replace_if(
+            text.begin() + static_cast<ptrdiff_t>(from), text.begin() + static_cast<ptrdiff_t>(to),
+            [](char ch) { return static_cast<unsigned char>(ch) < 0x80 && !isXmlSpace(ch); }, ' ');
+    }
+
+    // ---------------------------------------------------------------- tags
+
+    Mended mendMismatch(size_t at) {
+        const std::vector<size_t> open = surroundingsOf(text, at).open;
+        const std::string name(tagName(text, at));
+        if (isExpected(name, open)) {
+            blank(at, endOfTag(text, at));
+            return Mended::moot;
+        }
+        size_t match = open.size(); // how many elements enclose the tag's own
+        while (match > 0 && tagName(text, open[match - 1]) != name)
+            --match;
+        if (match == 0) { // a slip in the name, or nothing was opened
+            blank(at, endOfTag(text, at));
+            if (!open.empty()) removeStart(open, open.size() - 1, open.size() - 1);
+        }
+        for (size_t inner = match; match > 0 && inner < open.size(); ++inner)
+            removeStart(open, inner, match - 1);
+        return Mended::yes;
+    }
+
+    /// The end tag may come as long as what encloses the element `outer` is open.
+    void removeStart(const std::vector<size_t> &open, size_t element, size_t outer) {
+        const size_t tag = open[element];
+        expected.push_back({std::string(tagName(text, tag)), outer > 0 ? open[outer - 1] : tag});
+        blank(tag, endOfTag(text, tag));
+    }
+
+    /// Whether the start of the element has been taken out.
+    bool isExpected(const std::string &name, const std::vector<size_t> &open) {
+        std::erase_if(expected, [&](const EndTag &tag) {
+            return text[tag.within] == '<' && !std::ranges::binary_search(open, tag.within);
+        });
+        const auto found = std::ranges::find(expected, name, &EndTag::name);
+        if (found == expected.end()) return false;
+        expected.erase(found);
+        return true;
+    }
+
+    // ---------------------------------------------------------------- references
+
+    bool isLifted(const std::string &document) const { return accepts && accepts(document); }
+    bool isLiftedIn(std::string_view content) const {
+        return isLifted("<a>" + std::string(content) + "</a>");
+    }
+
+    /// The references of the kind that is lifted can be many.
+    Mended mendText(size_t at) {
+        if (text[at] != '&') return Mended::no;
+        const bool lifted = isLiftedIn(referenceAt(text, at));
+        text[at] = ' ';
+        while (lifted && (at = text.find("&#", at)) != text.npos)
+            if (isLiftedIn(referenceAt(text, at)))
+                text[at] = ' ';
+            else
+                ++at;
+        return lifted ? Mended::moot : Mended::yes;
+    }
+
+    /// In the values of a tag, or of the attribute at `at`.
+    Mended mendAttributes(size_t at) {
+        const bool isTag = text[at] == '<';
+        Mended mended = Mended::no;
+        for (++at; (at = text.find_first_of("<>'\"", at)) != text.npos && isQuote(text[at]); ++at) {
+            const size_t begin = at + 1;
+            at = std::min(text.find_first_of({'<', text[at]}, begin), text.size());
+            mended = std::max(mended, mendValue(begin, at));
+            if (!isTag || at == text.size() || text[at] == '<') break;
+        }
+        return mended;
+    }
+
+    static bool isQuote(char ch) { return ch == '\'' || ch == '"'; }
+
+    Mended mendValue(size_t at, size_t end) {
+        Mended mended = Mended::no;
+        for (; (at = text.find('&', at)) < end; ++at) {
+            const std::string_view reference = referenceAt(text, at);
+            if (isReference(reference)) continue;
+            mended = std::max(mended, isLiftedIn(reference) ? Mended::moot : Mended::yes);
+            text[at] = ' ';
+        }
+        return mended;
+    }
+
+    static bool isReference(std::string_view reference) {
+        return reference.size() > 1 && xmlValueTextOk(makeString(reference));
+    }
+
+    // ---------------------------------------------------------------- what is lifted
+
+    Mended mendComment(size_t at) {
+        const size_t end = text.find("-->", at + 4);
+        if (end == text.npos || !isLiftedIn(text.substr(at, end + 3 - at))) return Mended::no;
+        blank(at, end + 3);
+        return Mended::moot;
+    }
+
+    Mended mendDeclaration(size_t at) {
+        const size_t end = text.find("?>", at);
+        if (end == text.npos || end - at + 2 < declaration.size() ||
+            !isLifted(text.substr(at, end - at) + "?><a/>"))
+            return Mended::no;
+        blank(at, end + 2);
+        text.replace(at, declaration.size(), declaration);
+        return Mended::moot;
+    }
+
+    /// An end tag whose element has been taken out. It may come before the end of the element whose
+    /// start stands at `within`; that is white space when it has been taken out itself.
+    struct EndTag {
+        std::string name;
+        size_t within;
+    };
+
+    const Accepts &accepts;
+    std::string text;
+    size_t inserted = 0; ///< How much the text begins with that is not the author's.
+    std::vector<EndTag> expected;
+};
+
+Errors collect(std::optional<Failure> failure, Patient &patient) {
+    Errors errors;
+    for (size_t round = 0; failure && round < 2 * mostErrors; ++round) {
+        const Mended mended = patient.mend(*failure);
+        if (mended != Mended::moot) {
+            if ((errors.hasMore = errors.list.size() == mostErrors)) break;
+            errors.list.push_back(*std::move(failure));
+        }
+        failure = mended == Mended::no ? std::nullopt : patient.examine();
+    }
+    return errors;
+}
+
+} // namespace
+
+Errors errorsFrom(Failure first, Chars text) {
+    const Accepts nothing;
+    Patient patient(text, nothing);
+    return collect(std::move(first), patient);
+}
+
+Errors errorsBut(const Accepts &accepts, Chars text) {
+    Patient patient(text, accepts);
+    return collect(patient.examine(), patient);
+}
+
+} // namespace tool
