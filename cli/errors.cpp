@@ -58,9 +58,10 @@ class Patient {
     /// The text is UTF-8 now, whatever it was.
     void forgetEncoding() {
         const size_t end = text.find("?>"), name = text.find("encoding");
-        if (name >= end) return;
         const size_t quote = text.find_first_of("'\"", name);
-        if (quote < end) blank(name, std::min(text.find(text[quote], quote + 1) + 1, end));
+        if (quote >= end) return;
+        const size_t close = text.find(text[quote], quote + 1);
+        if (close < end) blank(name, close + 1);
     }
 
     /// Hints quote names and single characters, so that only a place reads like one.
@@ -161,7 +162,7 @@ class Patient {
         Mended mended = Mended::no;
         for (++at; (at = text.find_first_of("<>'\"", at)) != text.npos && isQuote(text[at]); ++at) {
             const size_t begin = at + 1;
-            at = std::min(text.find_first_of({'<', text[at]}, begin), text.size());
+            at = std::min(text.find_first_of(std::string{'<', text[at]}, begin), text.size());
             mended = std::max(mended, mendValue(begin, at));
             if (!isTag || at == text.size() || text[at] == '<') break;
         }
