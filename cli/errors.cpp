@@ -7,7 +7,7 @@
 namespace tool {
 namespace {
 
-constexpr std::string_view declaration = "<?xml version=\"1.0\"?>";
+constexpr std::string_view declaration = R"(<?xml version="1.0"?>)";
 constexpr std::string_view codes = "XML_DECODE_ERROR_CODE_";
 
 /// What became of an error in the text; of several in one tag the last of these counts.
@@ -20,13 +20,13 @@ enum class Mended {
 /// A text in which errors give way to white space, so that the decoder gets to the next one. All
 /// else stays at its place.
 ///
-/// A tag that does not match does so because of an error before it or by itself. So its element is
-/// taken out of the text, and when the other tag of that element comes, it goes silently.
+/// Which of two tags that do not match is wrong remains open. Both elements are made to end there;
+/// an end tag of one of them that is left over by this goes silently.
 class Patient {
   public:
     Patient(Chars original, const Accepts &acceptsAnyway)
         : accepts(acceptsAnyway), text(utf8(original)) {
-        if (text.substr(skipXmlSpace(text, 0)).starts_with("<?xml")) {
+        if (isDeclaration(text)) {
             forgetEncoding();
         } else {
             text.insert(0, declaration);
@@ -102,35 +102,32 @@ class Patient {
     Mended mendMismatch(size_t at) {
         const std::vector<size_t> open = surroundingsOf(text, at).open;
         const std::string name(tagName(text, at));
-        if (isExpected(name, open)) {
+        const auto hasName = [&](size_t tag) { return tagName(text, tag) == name; };
+        const auto match = std::find_if(open.rbegin(), open.rend(), hasName);
+        const bool hasMatch = match != open.rend();
+        if (isExpected(name, hasMatch ? *match : 0)) {
             blank(at, endOfTag(text, at));
             return Mended::moot;
         }
-        size_t match = open.size(); // how many elements enclose the tag's own
-        while (match > 0 && tagName(text, open[match - 1]) != name)
-            --match;
-        if (match == 0) { // a slip in the name, or nothing was opened
+        if (hasMatch) { // what is open within it has no end
+            expected.push_back({name, at});
+            std::for_each(open.rbegin(), match, [&](size_t tag) { removeStart(tag, at); });
+        } else { // a slip in the name, or nothing was opened
             blank(at, endOfTag(text, at));
-            if (!open.empty()) removeStart(open, open.size() - 1, open.size() - 1);
+            if (!open.empty()) removeStart(open.back(), at);
         }
-        for (size_t inner = match; match > 0 && inner < open.size(); ++inner)
-            removeStart(open, inner, match - 1);
         return Mended::yes;
     }
 
-    /// The end tag may come as long as what encloses the element `outer` is open.
-    void removeStart(const std::vector<size_t> &open, size_t element, size_t outer) {
-        const size_t tag = open[element];
-        expected.push_back({std::string(tagName(text, tag)), outer > 0 ? open[outer - 1] : tag});
+    void removeStart(size_t tag, size_t since) {
+        expected.push_back({std::string(tagName(text, tag)), since});
         blank(tag, endOfTag(text, tag));
     }
 
-    /// Whether the start of the element has been taken out.
-    bool isExpected(const std::string &name, const std::vector<size_t> &open) {
-        std::erase_if(expected, [&](const EndTag &tag) {
-            return text[tag.within] == '<' && !std::ranges::binary_search(open, tag.within);
-        });
-        const auto found = std::ranges::find(expected, name, &EndTag::name);
+    /// Whether an end tag may have been left over before the element at `match` began.
+    bool isExpected(const std::string &name, size_t match) {
+        const auto found = std::ranges::find_if(
+            expected, [&](const EndTag &tag) { return tag.name == name && tag.since >= match; });
         if (found == expected.end()) return false;
         expected.erase(found);
         return true;
@@ -138,22 +135,19 @@ class Patient {
 
     // ---------------------------------------------------------------- references
 
-    bool isLifted(const std::string &document) const { return accepts && accepts(document); }
-    bool isLiftedIn(std::string_view content) const {
-        return isLifted("<a>" + std::string(content) + "</a>");
+    /// Whether what stands at a place is a reference by its number, and left to others.
+    bool isLeft(size_t at) const {
+        return accepts && std::string_view(text).substr(at).starts_with("&#");
     }
 
-    /// The references of the kind that is lifted can be many.
+    /// References that are left to others can be many.
     Mended mendText(size_t at) {
         if (text[at] != '&') return Mended::no;
-        const bool lifted = isLiftedIn(referenceAt(text, at));
+        const bool left = isLeft(at);
         text[at] = ' ';
-        while (lifted && (at = text.find("&#", at)) != text.npos)
-            if (isLiftedIn(referenceAt(text, at)))
-                text[at] = ' ';
-            else
-                ++at;
-        return lifted ? Mended::moot : Mended::yes;
+        while (left && (at = text.find("&#", at)) != text.npos)
+            text[at] = ' ';
+        return left ? Mended::moot : Mended::yes;
     }
 
     /// In the values of a tag, or of the attribute at `at`.
@@ -174,9 +168,8 @@ class Patient {
     Mended mendValue(size_t at, size_t end) {
         Mended mended = Mended::no;
         for (; (at = text.find('&', at)) < end; ++at) {
-            const std::string_view reference = referenceAt(text, at);
-            if (isReference(reference)) continue;
-            mended = std::max(mended, isLiftedIn(reference) ? Mended::moot : Mended::yes);
+            if (isReference(referenceAt(text, at))) continue;
+            mended = std::max(mended, isLeft(at) ? Mended::moot : Mended::yes);
             text[at] = ' ';
         }
         return mended;
@@ -186,16 +179,20 @@ class Patient {
         return reference.size() > 1 && xmlValueTextOk(makeString(reference));
     }
 
-    // ---------------------------------------------------------------- what is lifted
+    // ---------------------------------------------------------------- what others take
+
+    bool isLifted(const std::string &document) const { return accepts && accepts(document); }
 
     Mended mendComment(size_t at) {
         const size_t end = text.find("-->", at + 4);
-        if (end == text.npos || !isLiftedIn(text.substr(at, end + 3 - at))) return Mended::no;
+        if (end == text.npos || !isLifted(text.substr(at, end + 3 - at) + "<a/>"))
+            return Mended::no;
         blank(at, end + 3);
         return Mended::moot;
     }
 
     Mended mendDeclaration(size_t at) {
+        at = text.rfind("<?xml", at);
         const size_t end = text.find("?>", at);
         if (end == text.npos || end - at + 2 < declaration.size() ||
             !isLifted(text.substr(at, end - at) + "?><a/>"))
@@ -205,11 +202,10 @@ class Patient {
         return Mended::moot;
     }
 
-    /// An end tag whose element has been taken out. It may come before the end of the element whose
-    /// start stands at `within`; that is white space when it has been taken out itself.
+    /// An end tag that may come without an element, because of the error at `since`.
     struct EndTag {
         std::string name;
-        size_t within;
+        size_t since;
     };
 
     const Accepts &accepts;
@@ -239,9 +235,13 @@ Errors errorsFrom(Failure first, Chars text) {
     return collect(std::move(first), patient);
 }
 
-Errors errorsBut(const Accepts &accepts, Chars text) {
+Errors strictErrors(const Accepts &accepts, Chars text) {
     Patient patient(text, accepts);
-    return collect(patient.examine(), patient);
+    Errors errors = collect(patient.examine(), patient);
+    const bool endsAtDoctype =
+        !errors.list.empty() && errors.list.back().code == "XML_DECODE_ERROR_CODE_DOCTYPE";
+    if (endsAtDoctype) errors.list.pop_back();
+    return errors;
 }
 
 } // namespace tool

@@ -22,10 +22,11 @@ struct Errors {
 /// meant by what is wrong before: wrong references, and tags that do not match.
 Errors errorsFrom(Failure first, Chars text);
 
-/// Whether a document is fine after all, whatever the decoder holds against it.
+/// Whether a document is well-formed XML 1.0.
 using Accepts = std::function<bool(const std::string &document)>;
 
-/// The errors of a text, which may lack a declaration, but for those that `accepts` lifts.
-Errors errorsBut(const Accepts &accepts, Chars text);
+/// The errors of a text for all who read XML 1.0, as far as the decoder finds them. It may lack a
+/// declaration. Wrong numbers in references and document type declarations are left to others.
+Errors strictErrors(const Accepts &accepts, Chars text);
 
 } // namespace tool

@@ -37,6 +37,13 @@ size_t skipXmlSpace(std::string_view text, size_t at) {
     return at;
 }
 
+bool isDeclaration(std::string_view text) {
+    constexpr std::string_view opening = "<?xml";
+    const std::string_view start = text.substr(skipXmlSpace(text, 0));
+    return start.size() > opening.size() && start.starts_with(opening) &&
+           isXmlSpace(start[opening.size()]);
+}
+
 std::string_view tagName(std::string_view text, size_t tag) {
     size_t begin = tag + 1;
     if (begin < text.size() && text[begin] == '/') ++begin;

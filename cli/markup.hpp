@@ -14,6 +14,9 @@ bool isXmlSpace(char ch);
 /// Behind the white space at `at`.
 size_t skipXmlSpace(std::string_view text, size_t at);
 
+/// Whether a text begins with an XML declaration, with white space in front or not.
+bool isDeclaration(std::string_view text);
+
 /// The name of the tag whose "<" stands at `tag`.
 std::string_view tagName(std::string_view text, size_t tag);
 

@@ -375,10 +375,11 @@ class Many(ToolTest):
         first, second, third = [json.loads(line) for line in lines.splitlines()]
         self.assertEqual(first, third)
         self.assertEqual(first, {
-            "file": "bad.xml", "line": 2, "column": 11, "offset": 32, "code": CODE + "TAG_MISMATCH",
-            "message": "mismatched opening/closing XML tags",
+            "file": "bad.xml", "line": 2, "column": 11, "offset": 32, "severity": "error",
+            "code": CODE + "TAG_MISMATCH", "message": "mismatched opening/closing XML tags",
             "hint": "the open element is <b> of line 2, column 8"})
-        self.assertEqual(second, {"file": "d", "message": "cannot be read: Is a directory"})
+        self.assertEqual(second, {"file": "d", "severity": "error",
+                                  "message": "cannot be read: Is a directory"})
         self.expect(["check", "-q", "bad.xml"], 1)
         result = self.voxml("check", "--stdin-name", "page.xml", stdin=b"<?xml?><a>")
         self.assertTrue(result.stderr.startswith(b"page.xml:1:8: error: "))
