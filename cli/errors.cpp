@@ -22,9 +22,9 @@ enum class Mended {
 ///
 /// Which of two tags that do not match is wrong remains open. Both elements are made to end there;
 /// an end tag of one of them that is left over by this goes silently.
-class Patient {
+class RepairedText {
   public:
-    Patient(Chars original, const Accepts &acceptsAnyway)
+    RepairedText(Chars original, const Accepts &acceptsAnyway)
         : accepts(acceptsAnyway), text(utf8(original)) {
         if (isDeclaration(text)) {
             forgetEncoding();
@@ -34,8 +34,8 @@ class Patient {
         }
     }
 
-    /// The first error that is left.
-    std::optional<Failure> examine() const {
+    /// The first error that the decoder finds.
+    std::optional<Failure> firstError() const {
         Ref bytes(voBufferCreateFromBytesCopy(text.data(), static_cast<int64_t>(text.size())));
         Decoded decoded = decode(bytes, {.locations = true});
         if (decoded.failure) moveBack(*decoded.failure);
@@ -214,15 +214,15 @@ class Patient {
     std::vector<EndTag> expected;
 };
 
-Errors collect(std::optional<Failure> failure, Patient &patient) {
+Errors collect(std::optional<Failure> failure, RepairedText &repaired) {
     Errors errors;
     for (size_t round = 0; failure && round < 2 * mostErrors; ++round) {
-        const Mended mended = patient.mend(*failure);
+        const Mended mended = repaired.mend(*failure);
         if (mended != Mended::moot) {
             if ((errors.hasMore = errors.list.size() == mostErrors)) break;
             errors.list.push_back(*std::move(failure));
         }
-        failure = mended == Mended::no ? std::nullopt : patient.examine();
+        failure = mended == Mended::no ? std::nullopt : repaired.firstError();
     }
     return errors;
 }
@@ -231,13 +231,13 @@ Errors collect(std::optional<Failure> failure, Patient &patient) {
 
 Errors errorsFrom(Failure first, Chars text) {
     const Accepts nothing;
-    Patient patient(text, nothing);
-    return collect(std::move(first), patient);
+    RepairedText repaired(text, nothing);
+    return collect(std::move(first), repaired);
 }
 
 Errors strictErrors(const Accepts &accepts, Chars text) {
-    Patient patient(text, accepts);
-    Errors errors = collect(patient.examine(), patient);
+    RepairedText repaired(text, accepts);
+    Errors errors = collect(repaired.firstError(), repaired);
     const bool endsAtDoctype =
         !errors.list.empty() && errors.list.back().code == "XML_DECODE_ERROR_CODE_DOCTYPE";
     if (endsAtDoctype) errors.list.pop_back();

@@ -139,14 +139,19 @@ Finding badToken(const Scene &scene) {
     return strayChar(scene.at, ch);
 }
 
+bool isDefined(std::string_view reference) {
+    constexpr std::string_view defined[] = {"&lt;", "&gt;", "&amp;", "&quot;", "&apos;"};
+    return std::ranges::count(defined, reference) || reference.starts_with("&#");
+}
+
 /// Expat blames the tag for a reference in one of its attributes.
 Finding undefinedEntity(const Scene &scene) {
-    size_t at = scene.at;
-    if (scene.isAt(at, "<")) at = std::min(scene.text.find('&', at), scene.text.size());
-    for (; at < scene.text.size(); at = std::min(scene.text.find('&', at + 1), scene.text.size())) {
-        const std::string content(referenceAt(scene.text, at));
-        if (judge("<a>" + content + "</a>", "UTF-8").code == XML_ERROR_UNDEFINED_ENTITY) break;
-    }
+    const auto next = [&](size_t at) {
+        return std::min(scene.text.find('&', at), scene.text.size());
+    };
+    size_t at = next(scene.at);
+    while (at < scene.text.size() && isDefined(referenceAt(scene.text, at)))
+        at = next(at + 1);
     return {at, "undefined entity",
             "without a DOCTYPE only &lt; &gt; &amp; &quot; and &apos; are defined; write the "
             "character itself",

@@ -120,7 +120,7 @@ class Strict(ErrorsTest):
             ("<a></ a>", "1:6", 'white space behind "/"', "remove"),
             ("<a b='1'c='2'/>", "1:9", "no white space between attributes", "in front of 'c'"),
             ("<a\u2070/>", "1:3", "character that not every XML reader takes in a name", "U+2070"),
-            ("<a/><!DOCTYPE a>", "1:5", "DOCTYPE declaration that cannot stand here", "in front of"),
+            ("<a/><!DOCTYPE a>", "1:5", "DOCTYPE declaration that cannot stand here", "in front"),
             ("<?xml encoding='utf-8' version='1.0'?><a/>", "1:7", "XML declaration malformed",
              "in this order"),
             ("<?xml version='1.0' encoding='utf8x'?><a/>", "1:31", "unknown encoding",
@@ -139,8 +139,10 @@ class Strict(ErrorsTest):
         rows = [
             # As with a declaration in front, but at their own places
             ("<a><b></a>", [("1:7", "the open element is <b> of line 1, column 4")]),
-            ("\n<a b='' b=''/>", [("2:1", "attribute 'b' is given twice, again in line 2, column 9")]),
-            ("<a b='' b=''/>", [("1:1", "attribute 'b' is given twice, again in line 1, column 9")]),
+            ("\n<a b='' b=''/>",
+             [("2:1", "attribute 'b' is given twice, again in line 2, column 9")]),
+            ("<a b='' b=''/>",
+             [("1:1", "attribute 'b' is given twice, again in line 1, column 9")]),
             ("<a>&#65;<!----><b c='&#x10FFFF;'></a>",
              [("1:34", "the open element is <b> of line 1, column 16")]),
             ("<?xml version='2.0' encoding='iso-8859-1'?>\n<a>&#65;& &#66;</a>",
