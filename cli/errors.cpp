@@ -45,7 +45,7 @@ class RepairedText {
     Mended mend(const Failure &failure) {
         if (!failure.place || !failure.code.starts_with(codes)) return Mended::no;
         const std::string_view code = std::string_view(failure.code).substr(codes.size());
-        const size_t at = byteAt(failure.place->offset + static_cast<int64_t>(inserted));
+        const size_t at = byteOf(text, static_cast<size_t>(failure.place->offset) + inserted);
         if (code == "TAG_MISMATCH") return mendMismatch(at);
         if (code == "TEXT") return mendText(at);
         if (code == "ATTRIBUTE_LIST") return mendAttributes(at);
@@ -57,11 +57,10 @@ class RepairedText {
   private:
     /// The text is UTF-8 now, whatever it was.
     void forgetEncoding() {
-        const size_t end = text.find("?>"), name = text.find("encoding");
-        const size_t quote = text.find_first_of("'\"", name);
-        if (quote >= end) return;
-        const size_t close = text.find(text[quote], quote + 1);
-        if (close < end) blank(name, close + 1);
+        const std::string_view name = declaredEncoding(text);
+        if (name.empty()) return;
+        const auto end = static_cast<size_t>(name.data() - text.data()) + name.size();
+        blank(text.find("encoding"), end + 1);
     }
 
     /// Hints quote names and single characters, so that only a place reads like one.
@@ -77,17 +76,6 @@ class RepairedText {
         const size_t end = failure.hint.find_first_not_of("0123456789", digits);
         const int64_t column = std::stoll(failure.hint.substr(digits)) - shift;
         failure.hint.replace(digits, end - digits, std::to_string(column));
-    }
-
-    size_t byteAt(int64_t character) const {
-        size_t at = 0;
-        const auto continues = [&] {
-            return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
-        };
-        for (; character > 0 && at < text.size(); --character)
-            for (++at; continues();)
-                ++at;
-        return at;
     }
 
     /// Markup is ASCII; other characters are as good as white space.

@@ -158,17 +158,6 @@ Finding undefinedEntity(const Scene &scene) {
             true};
 }
 
-// ---------------------------------------------------------------- encodings
-
-/// The name of the encoding in a declaration; empty without one.
-std::string_view declaredEncoding(std::string_view text) {
-    const std::string_view head = text.substr(0, text.find("?>"));
-    const size_t name = head.find("encoding");
-    const size_t quote = head.find_first_of("'\"", name);
-    if (!head.starts_with("<?xml") || quote == head.npos) return {};
-    return head.substr(quote + 1, head.find(head[quote], quote + 1) - quote - 1);
-}
-
 } // namespace
 
 Finding describe(std::string_view text, Verdict verdict) {

@@ -27,7 +27,20 @@ bool opensElement(std::string_view text, size_t at, size_t end) {
     return text[last] != '/';
 }
 
+bool beginsCharacter(char ch) { return (static_cast<unsigned char>(ch) & 0xC0) != 0x80; }
+
 } // namespace
+
+size_t byteOf(std::string_view text, size_t character) {
+    size_t at = 0;
+    for (; at < text.size(); ++at)
+        if (beginsCharacter(text[at]) && character-- == 0) break;
+    return at;
+}
+
+size_t characterOf(std::string_view text, size_t byte) {
+    return static_cast<size_t>(std::ranges::count_if(text.substr(0, byte), beginsCharacter));
+}
 
 bool isXmlSpace(char ch) { return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r'; }
 
@@ -42,6 +55,14 @@ bool isDeclaration(std::string_view text) {
     const std::string_view start = text.substr(skipXmlSpace(text, 0));
     return start.size() > opening.size() && start.starts_with(opening) &&
            isXmlSpace(start[opening.size()]);
+}
+
+std::string_view declaredEncoding(std::string_view text) {
+    const std::string_view head = text.substr(0, text.find("?>"));
+    const size_t quote = head.find_first_of("'\"", head.find("encoding"));
+    if (!isDeclaration(head) || quote == head.npos) return {};
+    const size_t end = head.find(head[quote], quote + 1);
+    return end == head.npos ? std::string_view() : head.substr(quote + 1, end - quote - 1);
 }
 
 std::string_view tagName(std::string_view text, size_t tag) {

@@ -9,6 +9,10 @@ namespace tool {
 
 // Texts are UTF-8; places are offsets in bytes.
 
+/// Between the place of a character in bytes and in characters. What lies behind the end is there.
+size_t byteOf(std::string_view text, size_t character);
+size_t characterOf(std::string_view text, size_t byte);
+
 bool isXmlSpace(char ch);
 
 /// Behind the white space at `at`.
@@ -16,6 +20,9 @@ size_t skipXmlSpace(std::string_view text, size_t at);
 
 /// Whether a text begins with an XML declaration, with white space in front or not.
 bool isDeclaration(std::string_view text);
+
+/// The encoding that such a declaration names; empty without one.
+std::string_view declaredEncoding(std::string_view text);
 
 /// The name of the tag whose "<" stands at `tag`.
 std::string_view tagName(std::string_view text, size_t tag);

@@ -49,11 +49,7 @@ Ref<voString> wholeText(voBuffer *bytes) {
 // ---------------------------------------------------------------- errors
 
 Failure failureOf(const Finding &finding, Chars text, std::string_view utf8) {
-    const auto isFirstByte = [](char ch) {
-        return (static_cast<unsigned char>(ch) & 0xC0) != 0x80;
-    };
-    const auto index = std::ranges::count_if(utf8.substr(0, finding.at), isFirstByte);
-    return {{}, finding.text, placeAt(text, static_cast<size_t>(index)), finding.hint};
+    return {{}, finding.text, placeAt(text, characterOf(utf8, finding.at)), finding.hint};
 }
 
 /// What Expat finds, up to an error that is no wrong reference.

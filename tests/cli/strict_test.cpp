@@ -8,6 +8,8 @@
 #include <fstream>
 #include <set>
 
+#include <unistd.h>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -86,8 +88,8 @@ std::vector<std::string> seeds() {
 /// VOXML_TEXTS tells how many.
 TEST(Strict, ChangedFilesAreTakenAndRefusedAsByExpat) {
     const char *count = std::getenv("VOXML_TEXTS");
-    const fs::path folder = fs::path(testing::TempDir()) / "voxml-strict";
-    fs::remove_all(folder);
+    const std::string name = "voxml-strict-" + std::to_string(getpid());
+    const fs::path folder = fs::path(testing::TempDir()) / name;
     fs::create_directories(folder);
     const std::vector<std::string> texts = seeds();
     test::Mutator mutator(11);
