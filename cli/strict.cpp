@@ -3,6 +3,7 @@
 #include "errors.hpp"
 #include "finding.hpp"
 #include "markup.hpp"
+#include "misfit.hpp"
 
 #include <algorithm>
 #include <utility>
