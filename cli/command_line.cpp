@@ -111,6 +111,8 @@ class CommandLine {
     void addCommands() {
         CLI::App *sub = add("check", check, "Tell what is wrong with documents, if anything");
         namespaces(sub, "Check the use of namespaces as well");
+        sub->add_flag("--strict", request.strict,
+                      "Judge by XML 1.0 as other readers do, not by what this library takes");
         sub->add_flag("--fail-fast", request.failFast, "Stop at the first input with an error");
         jobs(sub);
         sub->footer("Says nothing when all is well. An error comes with its place, the line there "

@@ -3,6 +3,7 @@
 #include "charset.hpp"
 #include "deliver.hpp"
 #include "stats.hpp"
+#include "strict.hpp"
 #include "terminal.hpp"
 #include "tree.hpp"
 
@@ -28,9 +29,20 @@ static Status rewrite(const Request &request, std::optional<voCharset> charset) 
     });
 }
 
+/// Tells all errors, not only the first.
+static Status refuseForAll(const Request &request, const Input &input, const Failure &first) {
+    if (request.quiet) return refused;
+    Ref text = textOf(input);
+    return refuse(input, errorsFrom(first, chars(text)), text);
+}
+
 Status check(const Request &request) {
-    return forEachDecoded(request, inputsOf(request),
-                          [](const Input &, const Decoded &) { return fine; });
+    const Inputs inputs = inputsOf(request);
+    if (request.strict)
+        return forEach(request, inputs,
+                       [&](const Input &input) { return checkStrictly(request, input); });
+    return forEachDecoded(
+        request, inputs, [](const Input &, const Decoded &) { return fine; }, refuseForAll);
 }
 
 Status canonical(const Request &request) { return rewrite(request, std::nullopt); }

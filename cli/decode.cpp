@@ -31,11 +31,11 @@ static std::string takeOptional(voString *string) { return string ? take(string)
 
 static Failure failureOf(XML_DECODE_ERROR *taken, voBuffer *input) {
     Ref error(taken);
-    Ref closer(xmlDecodeErrorTryHintLocation(error, input));
+    const auto place = placeOf(Ref(xmlDecodeErrorLocation(error)));
+    const auto closer = placeOf(Ref(xmlDecodeErrorTryHintLocation(error, input)));
     return {take(xmlDecodeErrorCodeToString(xmlDecodeErrorErrorCode(error))),
-            textOf(xmlDecodeErrorToMessage(error)),
-            placeOf(closer ? std::move(closer) : Ref(xmlDecodeErrorLocation(error))),
-            takeOptional(xmlDecodeErrorTryHint(error, input))};
+            textOf(xmlDecodeErrorToMessage(error)), closer ? closer : place,
+            takeOptional(xmlDecodeErrorTryHint(error, input)), place};
 }
 
 static Failure failureOf(XML_NS_DECODE_ERROR *taken, voBuffer *input) {

@@ -27,6 +27,7 @@ struct Failure {
     std::string text;
     std::optional<Place> place;
     std::string hint; ///< Advice for the author of the input; may be empty, or quote the input.
+    std::optional<Place> decoderPlace = {}; ///< Where the decoder saw it, perhaps further out.
 };
 
 struct DecodeWish {

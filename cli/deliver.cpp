@@ -19,9 +19,18 @@ Ref<XML_OPTIONS> encodingOf(const Request &request) {
     return optionsWith(request.noDeclaration ? XML_FLAG_ENCODE_OMIT_XML_DECLARATION : 0);
 }
 
+/// Empty where it is not known.
+static Ref<voString> exactTextOf(const Input &input) {
+    Ref text(xmlDocumentTryDecodeText(input.bytes));
+    if (!text)
+        text = Ref(voCharsetTryConvertBufferToStringWithFlags(VO_CHARSET_UTF_8, input.bytes,
+                                                              VO_CHARSET_FLAG_BOM));
+    return text ? std::move(text) : makeString(Chars());
+}
+
 Status refuseMisfit(const Request &request, const Input &input, XML_DOCUMENT *document) {
     if (request.quiet) return charsetTooSmall;
-    Ref text = textOf(input);
+    Ref text = exactTextOf(input);
     const Misfit misfit = firstMisfit(input.bytes, chars(text), document);
     report({input.name, misfit.place, misfit.text, {}, misfit.hint}, chars(text));
     return charsetTooSmall;

@@ -47,10 +47,11 @@ static void noteUnknownEncoding(const Input &input, XML_DOCUMENT *document) {
 }
 
 Status forEachDecoded(const Request &request, const Inputs &inputs,
-                      const std::function<Status(const Input &, Decoded &)> &handle) {
+                      const std::function<Status(const Input &, Decoded &)> &handle,
+                      Refuse refuseOne) {
     return forEach(request, inputs, [&](const Input &input) {
         Decoded decoded = decode(input.bytes, wishOf(request));
-        if (decoded.failure) return refuse(request, input, *decoded.failure);
+        if (decoded.failure) return refuseOne(request, input, *decoded.failure);
         if (!request.import && !request.quiet) noteUnknownEncoding(input, decoded.document);
         return handle(input, decoded);
     });
@@ -61,18 +62,20 @@ DecodeWish wishOf(const Request &request) {
 }
 
 Ref<voString> textOf(const Input &input) {
-    Ref text(xmlDocumentTryDecodeText(input.bytes));
-    if (!text)
-        text = Ref(voCharsetTryConvertBufferToStringWithFlags(VO_CHARSET_UTF_8, input.bytes,
-                                                              VO_CHARSET_FLAG_BOM));
-    return text ? std::move(text) : makeString(Chars());
+    return Ref(xmlDocumentDecodeTextLeniently(input.bytes));
 }
 
 Status refuse(const Request &request, const Input &input, const Failure &failure) {
     if (request.quiet) return refused;
-    Ref text(xmlDocumentDecodeTextLeniently(input.bytes));
-    report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
-           chars(text));
+    return refuse(input, {{failure}, false}, textOf(input));
+}
+
+Status refuse(const Input &input, const Errors &errors, voString *text) {
+    for (const Failure &failure : errors.list)
+        report({input.name, failure.place, failure.text, failure.code, shown(failure.hint)},
+               chars(text));
+    if (errors.hasMore)
+        report({input.name, {}, "there are more errors", {}, {}, Severity::note}, {});
     return refused;
 }
 

@@ -17,6 +17,7 @@ struct Request {
     std::vector<std::string> patterns = {"*.xml"}; ///< whose names match one of these.
     size_t jobs = 1;
     bool import = false;
+    bool strict = false; ///< Judge by XML 1.0.
     bool namespaces = false;
     bool failFast = false;
     bool quiet = false; ///< No messages about inputs.
