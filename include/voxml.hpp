@@ -624,6 +624,10 @@ struct qname {
         return a.local == b.local && a.ns == b.ns;
     }
     friend bool operator!=(const qname &a, const qname &b) noexcept { return !(a == b); }
+    /** By namespace, then by local name. */
+    friend bool operator<(const qname &a, const qname &b) noexcept {
+        return a.ns != b.ns ? a.ns < b.ns : a.local < b.local;
+    }
 };
 
 /** A name in a tree with namespaces, as values give it. */
@@ -640,6 +644,10 @@ struct expanded_name {
     }
     friend bool operator!=(const expanded_name &a, const expanded_name &b) noexcept {
         return !(a == b);
+    }
+    /** By namespace, none first, then by local name. */
+    friend bool operator<(const expanded_name &a, const expanded_name &b) noexcept {
+        return a.ns != b.ns ? a.ns < b.ns : a.local < b.local;
     }
 };
 
@@ -786,6 +794,13 @@ inline failure file_failure(std::string_view path, int error) {
     known.source = std::string(path);
     known.system_error = error;
     return {errc::file, std::move(known)};
+}
+
+inline result<buffer> read_file(const std::string &path) {
+    int error = 0;
+    auto bytes = optional_of<buffer>(voFileTryRead(path.c_str(), &error));
+    if (!bytes) return file_failure(path, error);
+    return std::move(*bytes);
 }
 
 /// The first character that a character set lacks; 0 where it has each of them.
@@ -1306,11 +1321,13 @@ template <class Layer> class basic_attributes : public handle<typename Layer::at
     void set(const attribute_type &attr) noexcept {
         Layer::attributes_set(this->address(), attr.get());
     }
-    /** In the place of the attribute at `index`. Another one of its name goes. */
+    /** In the place of the attribute at `index`. Another one of its name goes, which moves those
+     *  behind that. */
     void set(std::int64_t index, const attribute_type &attr) noexcept {
         Layer::attributes_set_at(this->address(), index, attr.get());
     }
-    /** Before the attribute at `index`, which may be the size. Another one of its name goes. */
+    /** Before the attribute at `index`, which may be the size. Another one of its name goes,
+     *  which moves those behind that. */
     void insert(std::int64_t index, const attribute_type &attr) noexcept {
         Layer::attributes_insert(this->address(), index, attr.get());
     }
@@ -1444,9 +1461,18 @@ template <class Layer, class Other> constexpr void need_same_tree() noexcept {
 template <class T> struct is_result : std::false_type {};
 template <class T> struct is_result<result<T>> : std::true_type {};
 
+template <class Edit, class Element> struct edit_result : std::invoke_result<Edit &, Element &> {};
+struct no_edit_result {
+    using type = void;
+};
+/// What a function that edits an element gives; void if it is none, which apply() refuses.
+template <class Edit, class Element> using given_by =
+    typename std::conditional_t<std::is_invocable_v<Edit &, Element &>, edit_result<Edit, Element>,
+                                no_edit_result>::type;
+
 /// Whether a function that edits an element gives a result.
 template <class Edit, class Element> inline constexpr bool may_fail =
-    is_result<std::invoke_result_t<Edit &, Element &>>::value;
+    is_result<given_by<Edit, Element>>::value;
 
 /// What changing elements in their place gives: a result where that of the function is one.
 template <class Edit, class Element, class Found> using edited =
@@ -1463,7 +1489,11 @@ template <class T> bool is_done(const T &given) noexcept {
 /// Calls the function; gives whether that has done what it was called for, or its failure.
 template <class Edit, class Element>
 edited<Edit, Element, bool> apply(Edit &edit, Element &element) {
-    using given = std::invoke_result_t<Edit &, Element &>;
+    static_assert(
+        std::is_invocable_v<Edit &, Element &> && !std::is_invocable_v<Edit &, Element>,
+        "the function is called with an element and must take it as `element &`: whatever "
+        "it does to a copy is lost");
+    using given = given_by<Edit, Element>;
     if constexpr (std::is_void_v<given>) {
         edit(element);
     } else if constexpr (is_result<given>::value) {
@@ -1599,7 +1629,9 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         (void)(... && (done = add(parts)).has_value());
         return done;
     }
-    /** Before the item at `index`, which may be the size. */
+    /** Before the item at `index`, which may be the size. Unlike append() it takes one
+     *  item, no strings and no results. Inserting and erasing take time in proportion to the items
+     *  behind. */
     void insert(std::int64_t index, const item_type &item) noexcept {
         Layer::element_insert_item(this->address(), index, item.get());
     }
@@ -1631,10 +1663,11 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     /** @name Changing elements in their place
      *  `edit(element)` is called with elements that were moved out of their parents for the time,
      *  so that whatever nobody else holds is changed where it is: a change copies neither brothers
-     *  nor parents and takes time that does not grow with their number. The function must leave an
-     *  element in the variable. While it runs, an empty text stands in the element's place, and
-     *  that text must stay where it is: otherwise the process ends when the element is put back.
-     *  What is appended to the parent meanwhile stays, and edit_children() visits it.
+     *  nor parents and takes time that does not grow with their number. The function takes
+     *  `element &` and must leave an element in the variable. While it runs, an empty text stands
+     * in the element's place, and that text must stay where it is: otherwise the process ends when
+     * the element is put back. What is appended to the parent meanwhile stays, and edit_children()
+     * visits it.
      *
      *  These give whether there was such an element, or how many. One for which the function gives
      *  false or 0, as these do, does not count. Where the function gives a `result`, these do too;
@@ -1669,8 +1702,8 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         }
         return count;
     }
-    /** This element and every one below at any depth, each before those below it; elements that the
-     *  function adds below the one it is given are visited, too. */
+    /** This element and every one below at any depth, without recursion, each before those below
+     * it; elements that the function adds below the one it is given are visited, too. */
     template <class Edit> detail::edited<Edit, basic_element, std::int64_t> edit_all(Edit &&edit) {
         std::int64_t count = 0;
         descent way(*this);
@@ -1713,7 +1746,9 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
      *  Those of this element itself, if it has any; only in the tree with namespaces. An element
      *  that goes to another document keeps its names, but leaves the declarations around it behind:
      *  when it is written, prefixes are found anew. Whoever wants the same ones, or has prefixes in
-     *  texts and values, sets them here. Keep the map in a variable to go through it. @{ */
+     *  texts and values, sets them here. A prefix in a value means what the innermost element
+     *  around it says that declares it: who needs that collects these from the root down to the
+     *  element. Views do not show them. Keep the map in a variable to go through it. @{ */
     [[nodiscard]] std::optional<namespace_map> namespaces() const noexcept {
         using layer = typename detail::need_namespaces<Layer>::layer;
         return detail::optional_of<namespace_map>(layer::namespaces(this->get()));
@@ -1886,20 +1921,21 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
         if (!decoded) return decoded.error();
         return basic_document(std::move(*decoded));
     }
-    /** The path names the text unless the options do. */
+    /** The path names the text unless the options do. It ends at a NUL. */
     static result<basic_document> decode_file(const std::string &path,
                                               decode_options options = {}) {
-        int error = 0;
-        auto bytes = detail::optional_of<buffer>(voFileTryRead(path.c_str(), &error));
-        if (!bytes) return detail::file_failure(path, error);
+        auto bytes = detail::read_file(path);
+        if (!bytes) return bytes.error();
         if (options.source.empty()) options.source = path;
         return decode(*bytes, options);
     }
     /** @} */
 
     /** @name Encoding
-     *  In the canonical layout or the one that is asked for, and the document's character set. @{
-     */
+     *  In the canonical layout or the one that is asked for, and the document's character set. In
+     *  the tree with namespaces a name does not remember the prefix that it was written with: see
+     *  xml/xml_ns_document_encode.h for those that are chosen. Programs that must keep each prefix
+     *  as it stands change the plain tree. @{ */
     [[nodiscard]] result<buffer> encode(const encode_options &wanted = {}) const {
         return detail::encode(Layer::plain(*this), wanted, {});
     }
@@ -1956,10 +1992,11 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
         Layer::document_set_version(this->address(), checked->get());
         return {};
     }
-    /** One of the constants in vo/vo_charset.h; another one ends the process. */
+    /** One of the constants in vo/vo_charset.h. */
     [[nodiscard]] voCharset charset() const noexcept {
         return Layer::document_charset(this->get());
     }
+    /** A charset that is none of the constants ends the process. */
     void set_charset(voCharset charset) noexcept {
         Layer::document_set_charset(this->address(), charset);
     }
@@ -1989,7 +2026,7 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
         if (!resolved) return resolved.error();
         return basic_document<detail::ns_layer>(std::move(*resolved));
     }
-    /** The document with names as they are written, prefixes included. */
+    /** The document with names as encode() writes them, with prefixes. */
     [[nodiscard]] basic_document<detail::plain_layer> plain() const noexcept {
         return basic_document<detail::plain_layer>(Layer::plain(*this));
     }
@@ -2184,22 +2221,22 @@ template <class Layer> class basic_view {
     /** @name Nodes below
      *  Each range has a cursor of its own, so that this view may go, and is read once, from its
      *  begin() on. @{ */
-    [[nodiscard]] basic_views<Layer> items() const { return {*this, kind::item, std::nullopt}; }
+    [[nodiscard]] basic_views<Layer> items() const { return {*this, kind::any_item, std::nullopt}; }
     [[nodiscard]] basic_views<Layer> attributes() const {
-        return {*this, kind::attribute, std::nullopt};
+        return {*this, kind::any_attribute, std::nullopt};
     }
     [[nodiscard]] basic_views<Layer> elements() const {
-        return {*this, kind::element, std::nullopt};
+        return {*this, kind::any_element, std::nullopt};
     }
     [[nodiscard]] basic_views<Layer> elements(const name_arg &name) const {
-        return {*this, kind::element, name.keep()};
+        return {*this, kind::any_element, name.keep()};
     }
     /** The elements below at any depth, all or those of a name, in document order. */
     [[nodiscard]] basic_views<Layer> descendants() const {
-        return {*this, kind::descendant, std::nullopt};
+        return {*this, kind::any_descendant, std::nullopt};
     }
     [[nodiscard]] basic_views<Layer> descendants(const name_arg &name) const {
-        return {*this, kind::descendant, name.keep()};
+        return {*this, kind::any_descendant, name.keep()};
     }
     /** The first element at the top of a document. */
     [[nodiscard]] std::optional<basic_view> root() const { return elements().first(); }
@@ -2221,7 +2258,7 @@ template <class Layer> class basic_view {
     friend class basic_views<Layer>;
 
     /// What a range goes through.
-    enum class kind { item, attribute, element, descendant };
+    enum class kind { any_item, any_attribute, any_element, any_descendant };
 
     static std::optional<std::string_view> string_of(XML_UTF8 text) noexcept {
         if (!text.bytes) return std::nullopt;
@@ -2308,7 +2345,7 @@ template <class Layer> class basic_views {
                 std::optional<typename Layer::name_arg::kept> name)
         : current_(parent), wanted_(wanted), name_(std::move(name)) {
         const auto first =
-            wanted == kind::attribute ? xmlCursorFirstAttribute : xmlCursorFirstChild;
+            wanted == kind::any_attribute ? xmlCursorFirstAttribute : xmlCursorFirstChild;
         level_ = first(current_.cursor_.get());
         found_ = level_ != 0 && (is_wanted() || advance());
     }
@@ -2322,11 +2359,11 @@ template <class Layer> class basic_views {
     }
     bool step() noexcept {
         XML_CURSOR *const cursor = current_.cursor_.get();
-        return wanted_ == kind::descendant ? detail::next_below(cursor, level_)
-                                           : xmlCursorNext(cursor) != 0;
+        return wanted_ == kind::any_descendant ? detail::next_below(cursor, level_)
+                                               : xmlCursorNext(cursor) != 0;
     }
     bool is_wanted() const noexcept {
-        if (wanted_ == kind::item || wanted_ == kind::attribute) return true;
+        if (wanted_ == kind::any_item || wanted_ == kind::any_attribute) return true;
         XML_CURSOR *const cursor = current_.cursor_.get();
         if (xmlCursorType(cursor) != XML_ITEM_TYPE_ELEMENT) return false;
         return !name_ || Layer::name_at(cursor) == typename Layer::name_view(*name_);
@@ -2384,9 +2421,9 @@ struct import_options {
 };
 
 /** Reads any well-formed XML 1.0 document as xmlDocumentTryImport() does, for programs that link
- *  voxml::import too: with errc::charset, xml_declaration, doctype or text, decoding may refuse
- * what this takes. The document type declaration is gone then. A refusal has no hint.
- *  document::resolve() gives the tree with namespaces. */
+ *  voxml::import too. Whatever decoding refuses a document for, this may take it. Where both refuse
+ *  it, the failure of decoding has a hint, and that of this always has a place. The document type
+ *  declaration is gone then. document::resolve() gives the tree with namespaces. */
 inline result<document> import_document(const buffer &xml, const import_options &wanted = {}) {
     const auto start = detail::beginning(wanted.source);
     const XML_IMPORT_OPTIONS options = {wanted.locations, wanted.most_expanded,
@@ -2406,6 +2443,13 @@ inline result<document> import_document(const buffer &xml, const import_options 
 inline result<document> import_document(std::string_view xml, const import_options &wanted = {}) {
     return import_document(buffer(xml), wanted);
 }
+/** The path names the text unless the options do. It ends at a NUL. */
+inline result<document> import_file(const std::string &path, import_options wanted = {}) {
+    auto bytes = detail::read_file(path);
+    if (!bytes) return bytes.error();
+    if (wanted.source.empty()) wanted.source = path;
+    return import_document(*bytes, wanted);
+}
 
 } // namespace voxml
 
@@ -2413,6 +2457,13 @@ inline result<document> import_document(std::string_view xml, const import_optio
 template <> struct std::hash<voxml::string> {
     std::size_t operator()(const voxml::string &hashed) const noexcept {
         return std::hash<std::u32string_view>()(hashed.u32());
+    }
+};
+
+template <> struct std::hash<voxml::expanded_name> {
+    std::size_t operator()(const voxml::expanded_name &hashed) const noexcept {
+        const std::hash<voxml::string> of;
+        return of(hashed.local) * 31 + (hashed.ns ? of(*hashed.ns) : 0);
     }
 };
 

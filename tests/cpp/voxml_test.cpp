@@ -2,9 +2,11 @@
 #include "tests/cpp/layers.hpp"
 
 #include <fstream>
+#include <map>
 #include <ranges>
 #include <sstream>
 #include <thread>
+#include <unordered_map>
 #include <unordered_set>
 
 using namespace test;
@@ -225,6 +227,14 @@ TEST(Namespaces, GiveNamesAsPairs) {
               errc::bad_namespace);
     EXPECT_EQ(voxml::ns::element::make("a", voxml::attr{"xmlns", "u"}).error().code(),
               errc::bad_name);
+    std::map<voxml::expanded_name, int> counts;
+    std::unordered_map<voxml::expanded_name, int> hashed;
+    for (const auto &attribute : doc.root()->attributes())
+        for (int i = 0; i < 2; ++i)
+            ++counts[attribute.name()], ++hashed[attribute.name()];
+    EXPECT_EQ(counts.size(), 2u);
+    EXPECT_EQ(hashed[counts.begin()->first] + counts.begin()->second, 4);
+    EXPECT_FALSE(counts.begin()->first.ns);
     const voxml::qname odd(std::string_view("u\0v", 3), "a");
     EXPECT_EQ(xml(*voxml::ns::element::make("b", voxml::ns::element::make(odd))->child(odd)),
               xml(voxml::ns::element::make(odd).value()));
