@@ -34,11 +34,12 @@ class RepairedText {
         }
     }
 
-    /// The first error that the decoder finds.
+    /// The first error that the decoder finds at a place.
     std::optional<Failure> firstError() const {
         Ref bytes(voBufferCreateFromBytesCopy(text.data(), static_cast<int64_t>(text.size())));
         Decoded decoded = decode(bytes, {.locations = true});
-        if (decoded.failure) moveBack(*decoded.failure);
+        if (!decoded.failure || !decoded.failure->place) return std::nullopt;
+        moveBack(*decoded.failure);
         return decoded.failure;
     }
 
@@ -61,7 +62,7 @@ class RepairedText {
         const std::string_view name = declaredEncoding(text);
         if (name.empty()) return;
         const auto end = static_cast<size_t>(name.data() - text.data()) + name.size();
-        blank(text.find("encoding"), end + 1);
+        blank(text.rfind("encoding", end - name.size()), end + 1);
     }
 
     /// Hints quote names and single characters, so that only a place reads like one.
@@ -155,8 +156,6 @@ class RepairedText {
         return mended;
     }
 
-    static bool isQuote(char ch) { return ch == '\'' || ch == '"'; }
-
     Mended mendValue(size_t at, size_t end) {
         Mended mended = Mended::no;
         for (; (at = text.find('&', at)) < end; ++at) {
@@ -206,6 +205,11 @@ class RepairedText {
     std::vector<EndTag> expected;
 };
 
+/// Whether what has been mended was not what the error is about.
+bool isStill(const Failure &error, const Failure &last) {
+    return error.place->offset == last.place->offset && error.hint == last.hint;
+}
+
 Errors collect(std::optional<Failure> failure, RepairedText &repaired) {
     Errors errors;
     for (size_t round = 0; failure && round < 2 * mostErrors; ++round) {
@@ -214,7 +218,9 @@ Errors collect(std::optional<Failure> failure, RepairedText &repaired) {
             if ((errors.hasMore = errors.list.size() == mostErrors)) break;
             errors.list.push_back(*std::move(failure));
         }
-        failure = mended == Mended::no ? std::nullopt : repaired.firstError();
+        if (mended == Mended::no) break;
+        failure = repaired.firstError();
+        if (failure && !errors.list.empty() && isStill(*failure, errors.list.back())) break;
     }
     return errors;
 }

@@ -42,6 +42,8 @@ size_t characterOf(std::string_view text, size_t byte) {
     return static_cast<size_t>(std::ranges::count_if(text.substr(0, byte), beginsCharacter));
 }
 
+bool isQuote(char ch) { return ch == '\'' || ch == '"'; }
+
 bool isXmlSpace(char ch) { return ch == ' ' || ch == '\t' || ch == '\n' || ch == '\r'; }
 
 size_t skipXmlSpace(std::string_view text, size_t at) {
@@ -58,10 +60,13 @@ bool isDeclaration(std::string_view text) {
 }
 
 std::string_view declaredEncoding(std::string_view text) {
+    constexpr std::string_view label = "encoding";
     const std::string_view head = text.substr(0, text.find("?>"));
-    const size_t quote = head.find_first_of("'\"", head.find("encoding"));
-    if (!isDeclaration(head) || quote == head.npos) return {};
-    const size_t end = head.find(head[quote], quote + 1);
+    size_t name = isDeclaration(head) ? head.find(label) : head.npos;
+    while (name != head.npos && !isXmlSpace(head[name - 1]) && !isQuote(head[name - 1]))
+        name = head.find(label, name + 1); // not at the end of another name
+    const size_t quote = head.find_first_of("'\"", name);
+    const size_t end = quote == head.npos ? quote : head.find(head[quote], quote + 1);
     return end == head.npos ? std::string_view() : head.substr(quote + 1, end - quote - 1);
 }
 

@@ -13,6 +13,7 @@ namespace tool {
 size_t byteOf(std::string_view text, size_t character);
 size_t characterOf(std::string_view text, size_t byte);
 
+bool isQuote(char ch);
 bool isXmlSpace(char ch);
 
 /// Behind the white space at `at`.

@@ -32,6 +32,8 @@ class AllErrors(ErrorsTest):
             ("<a><!--<b>--><![CDATA[<b>]]><?b <b>?><b / ></c></a>", "2:44"),
             ("<a>&<b c>&</b></a>", "2:4 2:8"),
             ("&<a>", "2:1 2:2"),
+            ("<a b='&' b='' c/>", "2:1 2:1"),
+            ("<a b='&lt;' c='&></a>", "2:1"),
         ]
         for document, places in rows:
             with self.subTest(document):
