@@ -10,7 +10,7 @@ namespace {
 constexpr std::string_view declaration = R"(<?xml version="1.0"?>)";
 constexpr std::string_view codes = "XML_DECODE_ERROR_CODE_";
 
-/// What became of an error in the text; of several in one tag the last of these counts.
+/// What became of an error in the text.
 enum class Mended {
     no,   ///< It is one, and what follows may come of it.
     moot, ///< It is none of its own, and does not matter any more.
@@ -38,7 +38,7 @@ class RepairedText {
     std::optional<Failure> firstError() const {
         Ref bytes(voBufferCreateFromBytesCopy(text.data(), static_cast<int64_t>(text.size())));
         Decoded decoded = decode(bytes, {.locations = true});
-        if (!decoded.failure || !decoded.failure->place) return std::nullopt;
+        if (!decoded.failure || !decoded.failure->decoderPlace) return std::nullopt;
         moveBack(*decoded.failure);
         return decoded.failure;
     }
@@ -46,11 +46,10 @@ class RepairedText {
     Mended mend(const Failure &failure) {
         if (!failure.decoderPlace || !failure.code.starts_with(codes)) return Mended::no;
         const std::string_view code = std::string_view(failure.code).substr(codes.size());
-        const size_t at =
-            byteOf(text, static_cast<size_t>(failure.decoderPlace->offset) + inserted);
+        if (code == "TEXT" || code == "ATTRIBUTE_LIST")
+            return mendReference(byteAt(*failure.place));
+        const size_t at = byteAt(*failure.decoderPlace);
         if (code == "TAG_MISMATCH") return mendMismatch(at);
-        if (code == "TEXT") return mendText(at);
-        if (code == "ATTRIBUTE_LIST") return mendAttributes(at);
         if (code == "COMMENT") return mendComment(at);
         if (code == "XML_DECLARATION") return mendDeclaration(at);
         return Mended::no;
@@ -63,6 +62,10 @@ class RepairedText {
         if (name.empty()) return;
         const auto end = static_cast<size_t>(name.data() - text.data()) + name.size();
         blank(text.rfind("encoding", end - name.size()), end + 1);
+    }
+
+    size_t byteAt(Place place) const {
+        return byteOf(text, static_cast<size_t>(place.offset) + inserted);
     }
 
     /// Hints quote names and single characters, so that only a place reads like one.
@@ -133,41 +136,14 @@ class RepairedText {
         return accepts && std::string_view(text).substr(at).starts_with("&#");
     }
 
-    /// References that are left to others can be many.
-    Mended mendText(size_t at) {
+    /// The error may be another one in a tag. References that are left to others can be many.
+    Mended mendReference(size_t at) {
         if (text[at] != '&') return Mended::no;
         const bool left = isLeft(at);
         text[at] = ' ';
         while (left && (at = text.find("&#", at)) != text.npos)
             text[at] = ' ';
         return left ? Mended::moot : Mended::yes;
-    }
-
-    /// In the values of a tag, or of the attribute at `at`.
-    Mended mendAttributes(size_t at) {
-        const bool isTag = text[at] == '<';
-        Mended mended = Mended::no;
-        for (++at; (at = text.find_first_of("<>'\"", at)) != text.npos && isQuote(text[at]); ++at) {
-            const size_t begin = at + 1;
-            at = std::min(text.find_first_of(std::string{'<', text[at]}, begin), text.size());
-            mended = std::max(mended, mendValue(begin, at));
-            if (!isTag || at == text.size() || text[at] == '<') break;
-        }
-        return mended;
-    }
-
-    Mended mendValue(size_t at, size_t end) {
-        Mended mended = Mended::no;
-        for (; (at = text.find('&', at)) < end; ++at) {
-            if (isReference(referenceAt(text, at))) continue;
-            mended = std::max(mended, isLeft(at) ? Mended::moot : Mended::yes);
-            text[at] = ' ';
-        }
-        return mended;
-    }
-
-    static bool isReference(std::string_view reference) {
-        return reference.size() > 1 && xmlValueTextOk(makeString(reference));
     }
 
     // ---------------------------------------------------------------- what others take
