@@ -49,8 +49,8 @@ CommandUsage usageOf(const CLI::App &app) {
             usage.arguments.push_back({option->get_name(true), option->get_description(),
                                        option->get_required(),
                                        option->get_items_expected_max() > 1});
-    std::ranges::stable_partition(
-        usage.options, [](const OptionUsage &option) { return option.group != commonOptions; });
+    std::stable_partition(usage.options.begin(), usage.options.end(),
+                          [](const OptionUsage &option) { return option.group != commonOptions; });
     return usage;
 }
 
@@ -70,7 +70,10 @@ class CommandLine {
         app.set_help_flag("-h,--help", "Print this help and exit");
         app.footer("Of several inputs the largest status counts.\n"
                    "'voxml help COMMAND' tells more about a command, 'man voxml' more about all.");
-        addCommands();
+        addCheck();
+        addWriters();
+        addImport();
+        addViews();
     }
 
     Status run(std::vector<std::string> arguments) {
@@ -108,7 +111,7 @@ class CommandLine {
         if (argument.starts_with('[') && argument.ends_with(']')) argument.insert(0, "./");
     }
 
-    void addCommands() {
+    void addCheck() {
         CLI::App *sub = add("check", check, "Tell what is wrong with documents, if anything");
         namespaces(sub, "Check the use of namespaces as well");
         sub->add_flag("--strict", request.strict,
@@ -119,8 +122,10 @@ class CommandLine {
                     "and, where one is known, a hint.\n"
                     "\n"
                     "  voxml check -r -j0 FOLDER    all XML files in a folder, on all processors");
+    }
 
-        sub = add("canonical", canonical, "Write documents in canonical layout");
+    void addWriters() {
+        CLI::App *sub = add("canonical", canonical, "Write documents in canonical layout");
         writing(sub);
         sub->footer("The canonical layout keeps every node and text. Tags have one form: one blank "
                     "before each attribute, values in double quotes (in apostrophes where that "
@@ -146,8 +151,11 @@ class CommandLine {
                     "character set. Nothing is written where that lacks a character of the text.\n"
                     "\n"
                     "  voxml convert --to UTF-8 -o new.xml old.xml");
+    }
 
-        sub = add("import", canonical, "Write any well-formed XML documents in canonical layout");
+    void addImport() {
+        CLI::App *sub =
+            add("import", canonical, "Write any well-formed XML documents in canonical layout");
         sub->parse_complete_callback([this] { request.import = true; });
         writing(sub);
         sub->footer("The other commands refuse a document without an XML declaration, with a "
@@ -157,8 +165,10 @@ class CommandLine {
                     "--import other commands do the same first.\n"
                     "\n"
                     "  voxml import page.xhtml | voxml tree");
+    }
 
-        sub = add("tree", tree, "Print the tree of nodes for people to read");
+    void addViews() {
+        CLI::App *sub = add("tree", tree, "Print the tree of nodes for people to read");
         namespaces(sub, "Show names as {namespace}name, and declarations");
         sub->add_flag("--locations", request.locations, "Show the line and column of each node");
         jobs(sub);
