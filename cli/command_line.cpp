@@ -233,8 +233,8 @@ class CommandLine {
         sub->add_option("--indent", request.indent,
                         "Blanks for each level, 0 to 16, or tab; 2 by default")
             ->option_text("N|tab")
-            ->check([](const std::string &indent) {
-                const bool isFine = indent == "tab" || CLI::Range(0, 16)(indent).empty();
+            ->check([blanks = CLI::Range(0, 16)](const std::string &indent) {
+                const bool isFine = indent == "tab" || blanks(indent).empty();
                 return std::string(isFine ? "" : "expects 0 to 16 or tab");
             });
         sub->add_option("--wrap-attributes", request.width,
