@@ -71,28 +71,30 @@ def record_name(library):
     return pathlib.Path(library).name.split(".")[0] + ".abi"
 
 
+def describe(library, path):
+    """Writes the interface of a library: of its types those of the public headers only."""
+    run("abidw", "--headers-dir", str(INCLUDE), "--drop-private-types", "--drop-undefined-syms",
+        "--exported-interfaces-only", "--no-corpus-path", "--no-comp-dir-path", "--no-show-locs",
+        "--type-id-style", "hash", "--out-file", str(path), library, check=True)
+
+
 def record(compiler, libraries):
     for library in libraries:
         path = ROOT / RELEASED / record_name(library)
-        run("abidw", "--headers-dir", str(INCLUDE), "--drop-private-types", "--drop-undefined-syms",
-            "--exported-interfaces-only", "--no-corpus-path", "--no-comp-dir-path",
-            "--no-show-locs", "--type-id-style", "hash",
-            "--out-file", str(path), library, check=True)
+        describe(library, path)
         path.write_text(path.read_text().replace(f"{ROOT}/", ""))
     (ROOT / RELEASED / CONSTANTS).write_text(constants(compiler))
 
 
-def broken(tag, compiler, libraries):
+def broken(tag, compiler, libraries, folder):
     """What is wrong, as text; nothing if nothing is."""
     for library in libraries:
-        before = released(tag, record_name(library))
-        if not before:
+        before, now = folder / "before.abi", folder / "now.abi"
+        before.write_text(released(tag, record_name(library)))
+        if not before.stat().st_size:
             continue
-        with tempfile.NamedTemporaryFile("w", suffix=".abi") as file:
-            file.write(before)
-            file.flush()
-            result = run("abidiff", "--no-added-syms", "--headers-dir2", str(INCLUDE),
-                         "--drop-private-types", file.name, library)
+        describe(library, now)
+        result = run("abidiff", "--no-added-syms", str(before), str(now))
         if result.returncode:
             yield f"{library}:\n{result.stdout}{result.stderr}"
     now = set(constants(compiler).splitlines())
@@ -105,7 +107,8 @@ if sys.argv[1] == "--record":
     record(sys.argv[2], sys.argv[3:])
 else:
     tag = last_tag()
-    found = list(broken(tag, sys.argv[1], sys.argv[2:]))
+    with tempfile.TemporaryDirectory() as scratch:
+        found = list(broken(tag, sys.argv[1], sys.argv[2:], pathlib.Path(scratch)))
     print(*found, sep="\n")
     print(f"compared with {tag or RELEASED}: {len(found)} breaks")
     sys.exit(bool(found))
