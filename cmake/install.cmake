@@ -1,6 +1,6 @@
-# Installs the components `runtime` (the shared libraries), `tool`, `import` (the importer with all
-# that belongs to it but its header), and `devel`: headers, static libraries, the CMake package
-# `voxml`, the pkg-config files and the examples.
+# Installs the components `runtime` (the shared libraries), `tool`, `import` (the shared library of
+# the importer), and `devel` and `import_devel`, which programs are built with: static libraries, the
+# CMake package `voxml` and the pkg-config files; `devel` also has all headers and the examples.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -58,14 +58,14 @@ voxml_pkgconfig(voxml devel "${PROJECT_DESCRIPTION}" "vo = ${PROJECT_VERSION}")
 if(TARGET voxml_import)
   set_target_properties(voxml_import PROPERTIES INSTALL_RPATH "$ORIGIN")
   install(TARGETS voxml_import EXPORT voxml-import
-    LIBRARY COMPONENT import NAMELINK_COMPONENT import
-    ARCHIVE COMPONENT import)
-  install(EXPORT voxml-import NAMESPACE voxml:: DESTINATION ${package_dir} COMPONENT import)
+    LIBRARY COMPONENT import NAMELINK_COMPONENT import_devel
+    ARCHIVE COMPONENT import_devel)
+  install(EXPORT voxml-import NAMESPACE voxml:: DESTINATION ${package_dir} COMPONENT import_devel)
   set(import_requires "voxml = ${PROJECT_VERSION}")
   if(NOT BUILD_SHARED_LIBS)
     string(APPEND import_requires ", expat")
   endif()
-  voxml_pkgconfig(voxml-import import "Reads any XML document into the trees of voxml"
+  voxml_pkgconfig(voxml-import import_devel "Reads any XML document into the trees of voxml"
     "${import_requires}")
 endif()
 
