@@ -33,6 +33,11 @@ install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR}
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
   COMPONENT devel PATTERN CMakeLists.txt EXCLUDE)
 
+# Where a gdb of the system looks for what belongs to a library of the system.
+install(FILES ${PROJECT_SOURCE_DIR}/gdb/printers.py
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/gdb/auto-load${CMAKE_INSTALL_FULL_LIBDIR}
+  RENAME libvo.so.${PROJECT_VERSION}-gdb.py COMPONENT devel)
+
 install(EXPORT voxml FILE voxml-libraries.cmake NAMESPACE voxml:: DESTINATION ${package_dir}
   COMPONENT devel)
 configure_file(cmake/voxml-config.cmake.in voxml-config.cmake @ONLY)
