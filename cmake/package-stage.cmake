@@ -29,6 +29,10 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
   configure_file(${source}/packaging/debian/changelog.in ${doc}/changelog.Debian @ONLY)
   execute_process(COMMAND gzip -9nf changelog changelog.Debian
     WORKING_DIRECTORY ${doc} COMMAND_ERROR_IS_FATAL ANY)
+  file(GLOB manual ${stage}/usr/share/man/man1/*.1)
+  if(manual)
+    execute_process(COMMAND gzip -9n ${manual} COMMAND_ERROR_IS_FATAL ANY)
+  endif()
 
   file(GLOB libraries ${stage}/usr/lib/*/*.so.*.*)
   if(libraries)
