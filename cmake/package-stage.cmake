@@ -1,7 +1,7 @@
 # Run by cpack between installing and packing: lays out share/doc of each package as Debian wants it,
 # and writes the control files of the packages with libraries. A function that packaging/debian/
-# *.symbols lists and the library lacks is an error; one that it does not list yet counts as new in
-# this version.
+# *.symbols lists for an earlier version and the library lacks is an error; one that it does not list
+# yet counts as new in this version.
 set(source ${CPACK_VOXML_SOURCE})
 set(version ${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
 if(DEFINED ENV{SOURCE_DATE_EPOCH})
