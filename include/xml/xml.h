@@ -39,6 +39,7 @@
 #include "xml/xml_ns_namespace_mapping.h"
 #include "xml/xml_ns_value.h"
 #include "xml/xml_options.h"
+#include "xml/xml_path.h"
 #include "xml/xml_processing_instruction.h"
 #include "xml/xml_shortcuts.h"
 #include "xml/xml_text.h"

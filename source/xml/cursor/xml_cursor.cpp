@@ -1,4 +1,4 @@
-#include "xml/xml_cursor.h"
+#include "source/xml/cursor/xml_cursor.hpp"
 
 #include "source/xml/base/xml_module.hpp"
 #include "source/xml/cursor/xml_cursor.hpp"
@@ -59,6 +59,10 @@ class Cursor {
     }
 
     // ---------------------------------------------------------------- reading
+
+    XML_ITEM_TYPE typeOfNext() const {
+        return records.isInside() ? records.typeOfNext() : typeOfNextInList();
+    }
 
     XML_ITEM_TYPE type() const { return object ? kind : records.type(); }
 
@@ -131,6 +135,7 @@ class Cursor {
     [[gnu::noinline]] bool toFirstAttributeOfObject();
     bool enter(voVector *vector, XML_ITEM_TYPE type);
     [[gnu::noinline]] bool toNextInList();
+    [[gnu::noinline]] XML_ITEM_TYPE typeOfNextInList() const;
     [[gnu::noinline]] bool toParentOfList();
     void standInList();
     [[gnu::noinline]] void standOnParent();
@@ -201,6 +206,14 @@ bool Cursor::toNextInList() {
     ++lists.back().index;
     standInList();
     return true;
+}
+
+XML_ITEM_TYPE Cursor::typeOfNextInList() const {
+    if (lists.empty() || lists.back().index + 1 == lists.back().vector->length) return -1;
+    voObj *next = lists.back().vector->items()[lists.back().index + 1];
+    return inLayer([&](auto layer) {
+        return reinterpret_cast<const typename decltype(layer)::Item *>(next)->type();
+    });
 }
 
 bool Cursor::toParentOfList() {
@@ -313,6 +326,8 @@ template <class... Arguments> XML_CURSOR *create(Arguments &&...arguments) {
 }
 
 } // namespace
+
+XML_ITEM_TYPE xml::typeOfNext(XML_CURSOR *cursor) { return cursor->at.typeOfNext(); }
 
 XML_CURSOR *xmlCursorCreateFrom(XML_CURSOR *source) { return create(VO_READ(source)->at); }
 

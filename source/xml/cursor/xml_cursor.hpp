@@ -10,6 +10,10 @@ namespace xml {
 /// point that UTF-8 cannot express.
 bool wasExact(XML_CURSOR *cursor);
 
+/// The type of the item to which xmlCursorNext() would move; -1 where it would not. The cursor must
+/// stand on an item.
+XML_ITEM_TYPE typeOfNext(XML_CURSOR *cursor);
+
 inline Piece pieceOf(XML_UTF8 text) {
     const auto *begin = reinterpret_cast<const uint8_t *>(text.bytes);
     return {begin, begin + text.length};

@@ -68,6 +68,12 @@ class RecordCursor {
         return standOn(behind);
     }
 
+    /// Must be inside and on an item; -1 where there is no next one.
+    XML_ITEM_TYPE typeOfNext() const {
+        if (behind == limit) return -1;
+        return records.isNear(behind) ? records.kind(behind) : records->node(behind).kind;
+    }
+
     /// Must be inside. False when the parent is the object of the list that was started in.
     bool toParent() {
         const uint64_t parent = levels.back().element, end = limit;
