@@ -16,13 +16,14 @@
  *
  *  - Location paths of `/`, `//`, `.`, `..`, `*`, `name`, `p:name`, `p:*`, `@name`, `@*`, `text()`,
  *    `comment()`, `processing-instruction()`, `node()`, and several joined by `|`.
- *  - Conditions in brackets behind names and types of nodes: positions such as `[2]` and `[last()]`,
- *    paths, strings and numbers, `=`, `!=`, `<`, `<=`, `>`, `>=`, `and`, `or`, `-`, parentheses, and
- *    the functions `contains()`, `count()`, `last()`, `not()`, `position()` and `starts-with()`.
+ *  - Conditions in brackets behind names and types of nodes: positions such as `[2]` and
+ *    `[last()]`, paths, strings and numbers, `=`, `!=`, `<`, `<=`, `>`, `>=`, `and`, `or`, `-`,
+ *    parentheses, and the functions `contains()`, `count()`, `last()`, `not()`, `position()` and
+ *    `starts-with()`.
  *  - Beyond XPath 1.0, `{namespace}name` and `{namespace}*`.
  *
- *  Nodes are those of XPath: adjacent texts and CDATA sections are one text node, at the first piece
- *  of which the cursor stands; declarations of namespaces are no attributes. In string values
+ *  Nodes are those of XPath: adjacent texts and CDATA sections are one text node, at the first
+ *  piece of which the cursor stands; declarations of namespaces are no attributes. In string values
  *  references are resolved, unless one refers to an entity that is not predefined; such a text or
  *  attribute counts as it is stored. Line ends count as they are stored.
  *
@@ -77,8 +78,8 @@ typedef struct XML_PATH_ERROR {
     /** The place in the expression, in bytes from 0. */
     int64_t byteOffset;
 
-    /** What is wrong there; its location counts in the expression. A new reference, which the caller
-     *  releases. */
+    /** What is wrong there; its location counts in the expression. A new reference, which the
+     * caller releases. */
     voMessage *message;
 } XML_PATH_ERROR;
 
@@ -115,7 +116,7 @@ VO_API XML_UTF8 xmlSelectionText(XML_SELECTION *selection);
 /** @name The way to the node
  *  For following a selection in another tree of the same items, such as the plain tree that belongs
  *  to one with namespaces. It leads down from the document or node where selecting began or, for a
- *  path that leads up, as far above as that may lead. Both abort as xmlSelectionCursor() does. @{ */
+ *  path that leads up, as far above as it may lead. Both abort as xmlSelectionCursor() does. @{ */
 
 /** How many levels it leads down. */
 VO_API int64_t xmlSelectionDepth(XML_SELECTION *selection);

@@ -52,6 +52,13 @@ static XML_NS_NAMESPACE_MAP *map(void) {
     return map;
 }
 
+static XML_SELECTION *selection(void) {
+    XML_PATH *path = xmlPathTryCreate("@a", -1, NULL, NULL);
+    XML_SELECTION *selection = xmlPathSelect(path, xmlCursorCreateElement(element()));
+    (void)xmlSelectionNext(selection);
+    return selection;
+}
+
 /* A valid object of each type. */
 #define NEW_char "a"
 #define NEW_int ((int[1]){0})
@@ -96,7 +103,10 @@ static XML_NS_NAMESPACE_MAP *map(void) {
 #define NEW_XML_NS_NAMESPACE_MAP map()
 #define NEW_XML_NS_NAMESPACE_MAPPING xmlNsNamespaceMappingCreate()
 #define NEW_XML_OPTIONS xmlOptionsCreate()
+#define NEW_XML_PATH xmlPathTryCreate("a", -1, NULL, NULL)
+#define NEW_XML_PATH_ERROR ((XML_PATH_ERROR[1]){{0}})
 #define NEW_XML_PROCESSING_INSTRUCTION xmlProcessingInstructionCreate(str("a"))
+#define NEW_XML_SELECTION selection()
 #define NEW_XML_TEXT xmlTextCreate()
 
 static void call(long number) {

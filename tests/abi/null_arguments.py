@@ -22,7 +22,7 @@ UNCHECKED = {"xmlNsNamespaceMappingIsDefault"}
 # Lookups that check what they look for before the map.
 KEY_FIRST = re.compile(r"xmlNsNamespaceMap(Has)?(Prefix)?MappingFor(Namespace|Prefix)")
 # Arguments by the name of the parameter. Others are 1, or what null_arguments.c has for the type.
-VALID = {"index": "0", "length": "-1", "radix": "10", "array": "voStoreCreateArray()",
+VALID = {"index": "0", "level": "0", "length": "-1", "radix": "10", "array": "voStoreCreateArray()",
          "version": 'str("1.0")', "path": '"/dev/null"', "items of any type": "voVectorCreate()"}
 
 # What the line calls an argument that another function checks, where not by its own name.
@@ -42,7 +42,7 @@ def valid(function, kind, name):
     pointee = kind.replace("const ", "").rstrip(" *")
     if pointee == "voVector" and function.startswith("xml"):
         name = "items of any type"
-    value = VALID.get(name) or (f"NEW_{pointee}" if "*" in kind else "1")
+    value = pointee != "XML_PATH" and VALID.get(name) or (f"NEW_{pointee}" if "*" in kind else "1")
     return f"({pointee} *[]){{{value}}}" if kind.endswith("**") else value
 
 

@@ -145,6 +145,17 @@ TEST(Object, OutsideTheTreesHasTheCommonOperations) {
     checkCommonOperations("XML_OPTIONS", xmlOptionsSort, xmlOptionsRetain, xmlOptionsRelease,
                           xmlOptionsObj, xmlOptionsFrom, xmlOptionsToString, xmlOptionsCompare,
                           xmlOptionsEquals, xmlOptionsCreate(), xmlOptionsCreate());
+    const auto path = [] { return xmlPathTryCreate("a", -1, nullptr, nullptr); };
+    checkCommonOperations("XML_PATH", xmlPathSort, xmlPathRetain, xmlPathRelease, xmlPathObj,
+                          xmlPathFrom, xmlPathToString, xmlPathCompare, xmlPathEquals, path(),
+                          path());
+    const auto selection = [&] {
+        return xmlPathSelect(Ref(path()), Ref(xmlCursorCreate(document)));
+    };
+    checkCommonOperations("XML_SELECTION", xmlSelectionSort, xmlSelectionRetain,
+                          xmlSelectionRelease, xmlSelectionObj, xmlSelectionFrom,
+                          xmlSelectionToString, xmlSelectionCompare, xmlSelectionEquals,
+                          selection(), selection());
     checkCommonOperations("XML_NS_DECODE_ERROR", xmlNsDecodeErrorSort, xmlNsDecodeErrorRetain,
                           xmlNsDecodeErrorRelease, xmlNsDecodeErrorObj, xmlNsDecodeErrorFrom,
                           xmlNsDecodeErrorToString, xmlNsDecodeErrorCompare, xmlNsDecodeErrorEquals,

@@ -101,8 +101,7 @@ ExprNumber PathBuilder::compare(Relation relation, ExprNumber left, ExprNumber r
     const auto asBoolean = [&](ExprNumber expr) {
         expr = boolean(expr);
         if (!isEquality || program.exprs[expr].type == Type::boolean) return expr;
-        return operation(Op::negation, Type::boolean,
-                         operation(Op::negation, Type::boolean, expr));
+        return operation(Op::negation, Type::boolean, operation(Op::negation, Type::boolean, expr));
     };
     if (program.exprs[right].type == Type::boolean) left = asBoolean(left);
     if (program.exprs[left].type == Type::boolean) right = asBoolean(right);
@@ -117,8 +116,7 @@ ExprNumber PathBuilder::boolean(ExprNumber expr) {
 }
 
 ExprNumber PathBuilder::condition(ExprNumber expr) {
-    if (program.exprs[expr].type == Type::number)
-        expr = compare(Relation::equal, position(), expr);
+    if (program.exprs[expr].type == Type::number) expr = compare(Relation::equal, position(), expr);
     return lift(boolean(expr));
 }
 

@@ -91,8 +91,7 @@ bool PathEvaluation::comparison(const Expr &expr, Position position) {
         return right == Type::nodes ? compareSets(expr) : compareNodes(expr, position);
     const bool isEquality = expr.relation == Relation::equal || expr.relation == Relation::unequal;
     if (!isEquality || left == Type::number || right == Type::number || left == Type::boolean)
-        return areRelated(expr.relation, number(expr.left, position),
-                          number(expr.right, position));
+        return areRelated(expr.relation, number(expr.left, position), number(expr.right, position));
     return areRelated(expr.relation, program.exprs[expr.left].text.view(),
                       program.exprs[expr.right].text.view());
 }
@@ -140,8 +139,8 @@ bool PathEvaluation::compareSets(const Expr &expr) {
         const bool wantsLess =
             expr.relation == Relation::less || expr.relation == Relation::lessOrEqual;
         return found && eachNode(left, [&] {
-            return areRelated(expr.relation, value(), wantsLess ? most : least);
-        });
+                   return areRelated(expr.relation, value(), wantsLess ? most : least);
+               });
     }
     vo::Vec<PathString> strings;
     (void)eachNode(right, [&] {

@@ -16,8 +16,8 @@ class PathNode {
 
     /// A node among those with the same parent.
     struct Spot {
-        uint64_t number;  ///< See giveNumbers().
-        int64_t index;    ///< Among the items or attributes of the parent, as the cursor sees them.
+        uint64_t number; ///< See giveNumbers().
+        int64_t index;   ///< Among the items or attributes of the parent, as the cursor sees them.
         bool isAttribute;
     };
 

@@ -42,8 +42,10 @@ class PathParser {
         return false;
     }
 
+    /// Something must stand here: nothing does, or something else.
+    bool missing(const char *what) { return at == text.size() ? fail(at, what) : failUnexpected(); }
+
     bool failUnexpected() {
-        if (at == text.size()) return fail(at, "something is missing at the end");
         if (text[at] == '[') return fail(at, "conditions go with steps only");
         if (text[at] == '/') return fail(at, "steps follow steps only");
         for (const std::string_view arithmetic : {"+", "-", "*", "div", "mod"})
@@ -96,7 +98,7 @@ class PathParser {
     }
 
     bool expect(std::string_view token, const char *otherwise) {
-        return take(token) || fail(at, otherwise);
+        return take(token) || missing(otherwise);
     }
 
     /// A name without colons; empty where none stands.
@@ -268,30 +270,28 @@ class PathParser {
         const std::string_view name = peekName();
         at += name.size();
         (void)take("(");
-        if (name == "position") return expr = build.position(), close(name);
-        if (name == "last") return expr = build.last(), close(name);
+        if (name == "position") return expr = build.position(), close();
+        if (name == "last") return expr = build.last(), close();
         Nesting nesting(*this);
         if (!nesting.deepen()) return false;
         if (name == "not") {
             if (!argument(expr, name)) return false;
             expr = build.operation(Op::negation, Type::boolean, build.boolean(expr));
-            return close(name);
+            return close();
         }
         if (name == "count") {
             const size_t inner = at;
             if (!argument(expr, name)) return false;
             if (build[expr].type != Type::nodes) return fail(inner, "count() takes nodes");
             expr = build.operation(Op::count, Type::number, expr);
-            return close(name);
+            return close();
         }
         const bool isPrefix = name == "starts-with";
         if (!isPrefix && name != "contains") return fail(begin, "this function is not known", name);
         ExprNumber part = noExpr;
-        if (!argument(expr, name) || !expect(",", "another argument is missing") ||
-            !argument(part, name))
-            return false;
+        if (!argument(expr, name) || !comma() || !argument(part, name)) return false;
         expr = build.operation(isPrefix ? Op::startsWith : Op::contains, Type::boolean, expr, part);
-        return close(name);
+        return close();
     }
 
     bool argument(ExprNumber &expr, std::string_view function) {
@@ -300,9 +300,8 @@ class PathParser {
         return either(expr);
     }
 
-    bool close(std::string_view function) {
-        return take(")") || fail(at, "')' is missing behind the arguments", function);
-    }
+    bool comma() { return take(",") || fail(at, "another argument is missing"); }
+    bool close() { return expect(")", "')' is missing"); }
 
     // ---------------------------------------------------------------- paths
 
@@ -328,12 +327,12 @@ class PathParser {
     }
 
     bool step(Routes &routes, bool deep) {
-        if (!isStep()) return at < text.size() ? failUnexpected() : fail(at, "a step is missing");
+        if (!isStep()) return missing("a step is missing");
         const size_t begin = at;
         Step made;
         made.deep = deep;
         if (take(".")) {
-            if (take(".")) made.axis = Step::parent;
+            if (charAt(at) == '.') ++at, made.axis = Step::parent;
             if (skipSpace(), charAt(at) == '[')
                 return fail(at, "'.' and '..' take no conditions here");
         } else {
@@ -360,7 +359,7 @@ class PathParser {
         if (take("*")) return test.anyName = test.anyNamespace = true;
         if (charAt(at) == '{') return bracedName(test);
         const std::string_view name = peekName();
-        if (name.empty()) return at < text.size() ? failUnexpected() : fail(at, "a name is missing");
+        if (name.empty()) return missing("a name is missing");
         const size_t begin = at;
         at += name.size();
         if (text.substr(at).starts_with("::"))
@@ -385,7 +384,7 @@ class PathParser {
             if (!literal(target)) return false;
             test.name = build[target].text;
         }
-        return close(name);
+        return close();
     }
 
     /// `{namespace}name`, where white space belongs to the namespace.
@@ -409,7 +408,8 @@ class PathParser {
     bool qualifiedName(NodeTest &test, size_t begin, std::string_view prefix) {
         ++at;
         if (!localName(test)) return false;
-        if (bindings) return bind(prefix, test.ns) || fail(begin, "this prefix is not bound", prefix);
+        if (bindings)
+            return bind(prefix, test.ns) || fail(begin, "this prefix is not bound", prefix);
         if (test.anyName) return fail(begin, "a prefix needs a binding here", prefix);
         test.name = PathText(text.substr(begin, at - begin));
         return true;

@@ -36,8 +36,8 @@ double numberOf(std::string_view text) {
     text.remove_prefix(isNegative ? 1 : 0);
     if (!isDecimal(text)) return std::numeric_limits<double>::quiet_NaN();
     double number = 0;
-    const auto done = std::from_chars(text.data(), text.data() + text.size(), number,
-                                      std::chars_format::fixed);
+    const auto done =
+        std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
     if (done.ec == std::errc::result_out_of_range) {
         const bool isLarge = text.substr(0, text.find('.')).find_first_not_of('0') < text.size();
         number = isLarge ? std::numeric_limits<double>::infinity() : 0;

@@ -71,9 +71,9 @@ void PathWalk::leave() {
 // ---------------------------------------------------------------- walking
 
 bool PathWalk::next() {
-    if (states.empty()) return false;
-    if (!isBegun) {
-        isBegun = true;
+    if (states.empty() || phase == Phase::ended) return false;
+    if (phase == Phase::before) {
+        phase = Phase::walking;
         goUp(top);
         onWay = top;
         bits.assign(words, 0);
@@ -84,6 +84,7 @@ bool PathWalk::next() {
     }
     while (step())
         if (isFound()) return true;
+    phase = Phase::ended;
     return false;
 }
 

@@ -71,7 +71,7 @@ class PathWalk {
     vo::Vec<uint64_t> bits;     ///< For each level the states that the node is in.
     vo::Vec<uint64_t> counters; ///< For each level those of the conditions on nodes below.
     vo::Vec<Taken> sized;
-    bool isBegun = false;
+    enum class Phase { before, walking, ended } phase = Phase::before;
 };
 
 } // namespace xml
