@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 #include <unistd.h>
 
@@ -22,6 +23,7 @@ std::vector<std::pair<int, std::string>> statuses() {
         {wrongUsage, "wrong usage"},
         {fileTrouble, "a file could not be read or written"},
         {charsetTooSmall, "the character set cannot hold the text"},
+        {nothingSelected, "nothing was selected"},
         {outOfMemory, "out of memory"},
     };
 }
@@ -85,6 +87,8 @@ class CommandLine {
         } catch (const CLI::ParseError &error) {
             return answer(error);
         }
+        if (!request.each.empty() && !request.path.empty())
+            request.files.insert(request.files.begin(), std::exchange(request.path, ""));
         if (request.files.empty()) request.files = {request.recursive ? "." : "-"};
         request.command = app.get_subcommands().front()->get_name();
         if (request.jobs == 0) request.jobs = std::max(1U, std::thread::hardware_concurrency());
@@ -175,6 +179,20 @@ class CommandLine {
         sub->footer("One node a line, indented by depth. Texts stand in quotes, with line ends and "
                     "control characters as escapes.");
 
+        sub = add("select", select, "Print what paths select", "PATH");
+        selecting(sub);
+        jobs(sub);
+        sub->footer(
+            "Paths are those of XPath 1.0 in their short form: a/b, //b, @id, text(), *, .., "
+            "a | b, with conditions such as [2], [last()], [@id='x'], [not(b)], "
+            "[contains(., 'x')], [count(b) > 1]. Names without a prefix have no namespace; "
+            "_:name has the default namespace of the document's root, {namespace}name any. "
+            "Elements are printed as XML, attributes and texts as what they stand for. With "
+            "--each there is no PATH before the files.\n"
+            "\n"
+            "  voxml select '//dish[@price < 10]/name' menu.xml\n"
+            "  voxml select --csv --each //dish --column id=@id --column name=name menu.xml");
+
         sub = add("stats", stats, "Count nodes, and measure the time that decoding takes");
         sub->footer("Of several files each has its figures, and all have a total.");
 
@@ -192,9 +210,11 @@ class CommandLine {
         return sub;
     }
 
-    /// A command that takes files.
-    CLI::App *add(const char *name, Command function, const char *description) {
+    /// A command that takes files, perhaps behind a path.
+    CLI::App *add(const char *name, Command function, const char *description,
+                  const char *optionalPath = nullptr) {
         CLI::App *sub = addBare(name, function, description);
+        if (optionalPath) sub->add_option(optionalPath, request.path, "What to select");
         sub->add_option("FILE", request.files, "The documents; none or - is standard input");
         sub->option_defaults()->group(commonOptions);
         sub->add_flag("--import", request.import,
@@ -227,6 +247,28 @@ class CommandLine {
 
     void namespaces(CLI::App *sub, const char *description) {
         sub->add_flag("--ns", request.namespaces, description);
+    }
+
+    void selecting(CLI::App *sub) {
+        using Show = Request::Show;
+        const auto show = [&](const char *name, Show form, const char *description) {
+            sub->add_flag_callback(
+                name, [this, form] { request.show = form; }, description);
+        };
+        show("--text", Show::text, "Print string values, also of elements");
+        show("--count", Show::count, "Print how many nodes there are in each document");
+        show("--locations", Show::locations, "Print file:line:column for each node");
+        show("--json", Show::json, "Print each node as a JSON object in a line");
+        show("--csv", Show::csv, "Print a table, see --each");
+        show("--tsv", Show::tsv, "The same with tabs between the columns");
+        const auto list = [&](const char *name, auto &values, const char *text,
+                              const char *description) {
+            sub->add_option(name, values, description)->option_text(text)->allow_extra_args(false);
+        };
+        list("--ns", request.bindings, "PREFIX=NAMESPACE", "Bind a prefix");
+        list("--each", request.each, "PATH", "For a table: what becomes a row");
+        list("--column", request.columns, "NAME=PATH",
+             "A column: its name, and a path from the row, of which the first node counts");
     }
 
     void layout(CLI::App *sub) {

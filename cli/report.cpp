@@ -73,8 +73,7 @@ void Progress::step() {
 
 // ---------------------------------------------------------------- messages
 
-/// A text as a JSON string; it must be UTF-8.
-static std::string quoted(std::string_view text) {
+std::string jsonString(std::string_view text) {
     std::string out = "\"";
     for (const char ch : text) {
         const auto byte = static_cast<unsigned char>(ch);
@@ -93,15 +92,15 @@ static std::string_view nameOf(Severity severity) {
 }
 
 static std::string toJson(const Diagnostic &diagnostic) {
-    std::string line = "{\"file\":" + quoted(shown(std::string_view(diagnostic.file)));
+    std::string line = "{\"file\":" + jsonString(shown(std::string_view(diagnostic.file)));
     if (const auto &place = diagnostic.place)
         line += ",\"line\":" + std::to_string(place->line) +
                 ",\"column\":" + std::to_string(place->column) +
                 ",\"offset\":" + std::to_string(place->offset);
-    line += ",\"severity\":" + quoted(nameOf(diagnostic.severity));
-    line += ",\"message\":" + quoted(diagnostic.text);
-    if (!diagnostic.code.empty()) line += ",\"code\":" + quoted(diagnostic.code);
-    if (!diagnostic.hint.empty()) line += ",\"hint\":" + quoted(diagnostic.hint);
+    line += ",\"severity\":" + jsonString(nameOf(diagnostic.severity));
+    line += ",\"message\":" + jsonString(diagnostic.text);
+    if (!diagnostic.code.empty()) line += ",\"code\":" + jsonString(diagnostic.code);
+    if (!diagnostic.hint.empty()) line += ",\"hint\":" + jsonString(diagnostic.hint);
     return line + "}\n";
 }
 

@@ -15,7 +15,8 @@ enum Status {
     wrongUsage = 2,
     fileTrouble = 3,
     charsetTooSmall = 4,
-    outOfMemory = 5
+    nothingSelected = 5,
+    outOfMemory = 6
 };
 
 /// Ends a command before its time; what went wrong has been reported.
@@ -57,6 +58,9 @@ Status reportFile(const std::string &file, std::string_view what, int error, std
 
 /// Reports that there is not enough memory for a file.
 Status reportMemory(const std::string &file);
+
+/// A text as a JSON string; it must be UTF-8.
+std::string jsonString(std::string_view text);
 
 /// Reports wrong usage of `command`.
 void reportUsage(std::string_view command, std::string_view text);

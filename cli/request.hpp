@@ -30,6 +30,13 @@ struct Request {
     std::string indent = "2"; ///< Blanks for each level, or "tab".
     int64_t width = 0;        ///< Columns for a start tag; 0 is without limit.
     bool check = false;       ///< Only tell which documents are not formatted.
+
+    /// How select shows what it finds.
+    enum class Show { content, text, count, locations, json, csv, tsv } show = Show::content;
+    std::string path;
+    std::vector<std::string> bindings; ///< As prefix=namespace.
+    std::string each;                  ///< The path to what becomes a row,
+    std::vector<std::string> columns;  ///< and the columns, as name=path.
 };
 
 } // namespace tool

@@ -290,12 +290,12 @@ class Errors(ToolTest):
             huge.truncate(1 << 42)
         self.put("bad.xml", "<a>")
         result = self.voxml("check", "huge.xml", "bad.xml")
-        self.assertEqual(result.returncode, 5)
+        self.assertEqual(result.returncode, 6)
         self.assertRegex(result.stderr.decode(), "huge.xml: error: out of memory\nbad.xml:2:1: ")
         self.put("wide.xml", "<a/>" * (1 << 20))
         result = self.voxml("check", "wide.xml", preexec_fn=lambda: resource.setrlimit(
             resource.RLIMIT_AS, (30 << 20, 30 << 20)))
-        self.assertEqual(result.returncode, 5)
+        self.assertEqual(result.returncode, 6)
         self.assertTrue(result.stderr.endswith(b"voxml: error: out of memory\n"), result.stderr)
 
     def test_wrong_usage_is_said_in_one_line(self):
