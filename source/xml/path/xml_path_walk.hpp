@@ -53,9 +53,9 @@ class PathWalk {
     bool wants(const vo::Vec<uint64_t> &mask) const;
     bool leadsToStart() const;
 
-    uint64_t *bitsAt(size_t depth) { return &bits[(depth - top) * words]; }
-    const uint64_t *bitsAt(size_t depth) const { return &bits[(depth - top) * words]; }
-    uint64_t *countersAt(size_t depth) { return &counters[(depth - top) * counterCount]; }
+    uint64_t *bitsAt(size_t depth) { return bits.data() + (depth - top) * words; }
+    const uint64_t *bitsAt(size_t depth) const { return bits.data() + (depth - top) * words; }
+    uint64_t *countersAt(size_t depth) { return counters.data() + (depth - top) * counterCount; }
     static bool has(const uint64_t *set, size_t state) { return set[state / 64] >> state % 64 & 1; }
     static void add(uint64_t *set, size_t state) { set[state / 64] |= uint64_t{1} << state % 64; }
 
