@@ -104,6 +104,7 @@ enum class errc {
     charset_too_small, ///< The document's character set lacks a character of the text.
     file,              ///< The system refuses a file; see failure::system_error().
     not_well_formed,   ///< import_document() refuses the text.
+    bad_path,          ///< No path, see xml/xml_path.h.
 };
 
 /** The kinds of node. */
@@ -986,6 +987,34 @@ class namespace_map : public handle<XML_NS_NAMESPACE_MAP>,
     }
 };
 
+/** A path to nodes, read once and used any number of times, by any number of threads; see
+ *  xml/xml_path.h for what it may hold. */
+class path : public handle<XML_PATH> {
+  public:
+    using handle::handle;
+
+    /** A prefix is a part of the name, as plain trees have it. */
+    static result<path> make(std::string_view expression) { return make(expression, nullptr); }
+    /** With the namespaces of prefixes, for trees with namespaces. */
+    static result<path> make(std::string_view expression, const namespace_map &bindings) {
+        return make(expression, bindings.get());
+    }
+
+  private:
+    static result<path> make(std::string_view expression, XML_NS_NAMESPACE_MAP *optional_bindings) {
+        XML_PATH_ERROR error;
+        if (auto *made = xmlPathTryCreate(detail::bytes_of(expression),
+                                          detail::length_of(expression), optional_bindings, &error))
+            return path(adopt, made);
+        const handle<voMessage> message(adopt, error.message);
+        failure::details known;
+        known.message = detail::utf8_of(voMessageText(message.get()));
+        known.where = detail::location_of(voMessageLocation(message.get()));
+        known.byte_offset = error.byteOffset;
+        return failure(errc::bad_path, std::move(known));
+    }
+};
+
 // The two layers. Everything below is written once over what these structures tell.
 
 namespace detail {
@@ -1338,6 +1367,7 @@ template <class Layer> class basic_attributes : public handle<typename Layer::at
 template <class Layer> class basic_element;
 template <class Layer> class basic_document;
 template <class Layer> class basic_view;
+template <class Layer> class basic_selection;
 
 /** A node below an element or a document. */
 template <class Layer> class basic_item : public handle<typename Layer::item_t> {
@@ -2014,6 +2044,8 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     }
     /** Reads the document without making objects. */
     [[nodiscard]] basic_view<Layer> view() const { return basic_view<Layer>(*this); }
+    /** The nodes to which a path leads. */
+    [[nodiscard]] basic_selection<Layer> select(const path &to) const { return view().select(to); }
     /** See xmlDocumentMakeAll(). */
     void make_all() const noexcept { Layer::document_make_all(this->get()); }
 
@@ -2238,6 +2270,10 @@ template <class Layer> class basic_view {
     [[nodiscard]] basic_views<Layer> descendants(const name_arg &name) const {
         return {*this, kind::any_descendant, name.keep()};
     }
+    /** The nodes to which a path leads from here, in document order. */
+    [[nodiscard]] basic_selection<Layer> select(const path &to) const {
+        return basic_selection<Layer>(to, cursor_.get());
+    }
     /** The first element at the top of a document. */
     [[nodiscard]] std::optional<basic_view> root() const { return elements().first(); }
     /** The first child element of that name. */
@@ -2256,6 +2292,10 @@ template <class Layer> class basic_view {
 
   private:
     friend class basic_views<Layer>;
+    friend class basic_selection<Layer>;
+
+    /// On the node of another cursor.
+    explicit basic_view(XML_CURSOR *source) : cursor_(adopt, xmlCursorCreateHere(source)) {}
 
     /// What a range goes through.
     enum class kind { any_item, any_attribute, any_element, any_descendant };
@@ -2380,6 +2420,81 @@ template <class Layer> class basic_views {
     std::int64_t level_; ///< Of a descendant, counted from the node that the range is below.
 };
 
+/** The nodes to which a path leads: a range of views that is read once, and finds each node when it
+ *  is asked for it. Nothing is above the node from which it was selected. */
+template <class Layer> class basic_selection {
+    using view_type = basic_view<Layer>;
+
+  public:
+    struct sentinel {};
+
+    basic_selection(const basic_selection &) = delete;
+    basic_selection &operator=(const basic_selection &) = delete;
+    basic_selection(basic_selection &&) noexcept = default;
+    basic_selection &operator=(basic_selection &&) noexcept = default;
+    ~basic_selection() = default;
+
+    class iterator {
+      public:
+        using iterator_concept = std::input_iterator_tag;
+        using iterator_category = std::input_iterator_tag;
+        using value_type = view_type;
+        using difference_type = std::ptrdiff_t;
+        using reference = const view_type &;
+        using pointer = const view_type *;
+
+        iterator() = default;
+        explicit iterator(basic_selection *range VOXML_LIFETIMEBOUND) noexcept : range_(range) {}
+
+        reference operator*() const noexcept VOXML_LIFETIMEBOUND { return *range_->current_; }
+        pointer operator->() const noexcept VOXML_LIFETIMEBOUND { return &*range_->current_; }
+        iterator &operator++() {
+            range_->advance();
+            return *this;
+        }
+        void operator++(int) { ++*this; }
+
+        friend bool operator==(const iterator &at, sentinel) noexcept { return at.is_done(); }
+        friend bool operator!=(const iterator &at, sentinel end) noexcept { return !(at == end); }
+        friend bool operator==(sentinel end, const iterator &at) noexcept { return at == end; }
+        friend bool operator!=(sentinel end, const iterator &at) noexcept { return !(at == end); }
+
+      private:
+        bool is_done() const noexcept { return !range_ || !range_->current_; }
+
+        basic_selection *range_ = nullptr;
+    };
+
+    [[nodiscard]] iterator begin() noexcept VOXML_LIFETIMEBOUND { return iterator(this); }
+    [[nodiscard]] sentinel end() const noexcept { return {}; }
+
+    /** The node that the iterators stand on; none at the end. */
+    [[nodiscard]] std::optional<view_type> first() const { return current_; }
+    /** Its string value: for a document or element its texts, joined, for an attribute its value.
+     */
+    [[nodiscard]] std::string text() const {
+        if (!current_) return {};
+        const XML_UTF8 text = xmlSelectionText(selection_.get());
+        return {text.bytes, static_cast<std::size_t>(text.length)};
+    }
+
+  private:
+    friend class basic_view<Layer>;
+
+    basic_selection(const path &to, XML_CURSOR *from)
+        : selection_(adopt, xmlPathSelect(to.get(), from)) {
+        advance();
+    }
+    void advance() {
+        current_.reset();
+        if (xmlSelectionNext(selection_.get()))
+            current_.emplace(view_type(xmlSelectionCursor(selection_.get())));
+    }
+
+    handle<XML_SELECTION> selection_;
+    std::optional<view_type> current_;
+};
+
 // ---------------------------------------------------------------- the types by name
 
 /** @name The plain tree: names as they are written, prefixes included @{ */
@@ -2392,6 +2507,7 @@ using item = basic_item<detail::plain_layer>;
 using items = basic_items<detail::plain_layer>;
 using view = basic_view<detail::plain_layer>;
 using views = basic_views<detail::plain_layer>;
+using selection = basic_selection<detail::plain_layer>;
 using attr = basic_attr<string_arg>;
 /** @} */
 
@@ -2406,6 +2522,7 @@ using item = basic_item<detail::ns_layer>;
 using items = basic_items<detail::ns_layer>;
 using view = basic_view<detail::ns_layer>;
 using views = basic_views<detail::ns_layer>;
+using selection = basic_selection<detail::ns_layer>;
 using attr = basic_attr<qname_arg>;
 } // namespace ns
 
