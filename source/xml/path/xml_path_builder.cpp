@@ -122,7 +122,7 @@ ExprNumber PathBuilder::condition(ExprNumber expr) {
 
 // ---------------------------------------------------------------- routes
 
-bool PathBuilder::append(Routes &routes, Step step) {
+bool PathBuilder::append(Routes &routes, const Step &step) {
     const bool isUseless = step.axis == Step::self && !step.deep && step.conditions.empty();
     if (isUseless) return true;
     if (step.axis == Step::parent) {

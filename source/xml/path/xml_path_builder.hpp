@@ -23,7 +23,7 @@ class PathBuilder {
     Routes takeRoutes(ExprNumber nodes) { return std::move(program.exprs[nodes].routes); }
 
     /// Leads all routes one step further. False if that takes too many routes.
-    bool append(Routes &routes, Step step);
+    bool append(Routes &routes, const Step &step);
 
     // ---------------------------------------------------------------- expressions
 

@@ -87,9 +87,10 @@ void PathEvaluation::appendString(PathString &out, ExprNumber number_, Position 
 
 bool PathEvaluation::comparison(const Expr &expr, Position position) {
     const Type left = program.exprs[expr.left].type, right = program.exprs[expr.right].type;
-    if (left == Type::nodes)
-        return right == Type::nodes ? compareSets(expr) : compareNodes(expr, position);
     const bool isEquality = expr.relation == Relation::equal || expr.relation == Relation::unequal;
+    if (left == Type::nodes && right == Type::nodes)
+        return isEquality ? compareStrings(expr) : compareNumbers(expr);
+    if (left == Type::nodes) return compareNodes(expr, position);
     if (!isEquality || left == Type::number || right == Type::number || left == Type::boolean)
         return areRelated(expr.relation, number(expr.left, position), number(expr.right, position));
     return areRelated(expr.relation, program.exprs[expr.left].text.view(),
@@ -115,35 +116,31 @@ bool PathEvaluation::compareNodes(const Expr &expr, Position position) {
     });
 }
 
-/// Whether any two nodes, one of each set, compare so. The strings or numbers of one set are put in
-/// order, so that each node of the other is compared with few.
-bool PathEvaluation::compareSets(const Expr &expr) {
-    const Routes &left = program.exprs[expr.left].routes, &right = program.exprs[expr.right].routes;
-    const bool isEquality = expr.relation == Relation::equal || expr.relation == Relation::unequal;
-    if (!isEquality) {
-        double least = INFINITY, most = -INFINITY;
-        bool found = false;
-        const auto value = [&] {
-            PathString text;
-            node.appendString(text);
-            return numberOf(text.view());
-        };
-        (void)eachNode(right, [&] {
-            const double one = value();
-            if (std::isnan(one)) return false;
-            least = std::min(least, one);
-            most = std::max(most, one);
-            found = true;
-            return false;
-        });
-        const bool wantsLess =
-            expr.relation == Relation::less || expr.relation == Relation::lessOrEqual;
-        return found && eachNode(left, [&] {
-                   return areRelated(expr.relation, value(), wantsLess ? most : least);
-               });
-    }
+/// Whether the numbers of any two nodes, one of each set, compare so: the least or the greatest of
+/// one set tells.
+bool PathEvaluation::compareNumbers(const Expr &expr) {
+    const bool wantsLess =
+        expr.relation == Relation::less || expr.relation == Relation::lessOrEqual;
+    const auto value = [&] {
+        PathString text;
+        node.appendString(text);
+        return numberOf(text.view());
+    };
+    double limit = NAN; // With which nothing compares.
+    (void)eachNode(program.exprs[expr.right].routes, [&] {
+        const double one = value();
+        if (std::isnan(limit) || (wantsLess ? one > limit : one < limit)) limit = one;
+        return false;
+    });
+    return eachNode(program.exprs[expr.left].routes,
+                    [&] { return areRelated(expr.relation, value(), limit); });
+}
+
+/// The same for equality of strings. Those of one set are put in order, so that each of the other
+/// is compared with few.
+bool PathEvaluation::compareStrings(const Expr &expr) {
     vo::Vec<PathString> strings;
-    (void)eachNode(right, [&] {
+    (void)eachNode(program.exprs[expr.right].routes, [&] {
         strings.emplace_back();
         node.appendString(strings.back());
         return false;
@@ -151,7 +148,7 @@ bool PathEvaluation::compareSets(const Expr &expr) {
     if (strings.empty()) return false;
     constexpr auto view = [](const PathString &string) { return string.view(); };
     std::ranges::sort(strings, {}, view);
-    return eachNode(left, [&] {
+    return eachNode(program.exprs[expr.left].routes, [&] {
         PathString text;
         node.appendString(text);
         if (expr.relation == Relation::equal)

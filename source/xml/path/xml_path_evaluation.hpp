@@ -43,7 +43,8 @@ class PathEvaluation {
     void appendString(PathString &out, ExprNumber expr, Position position);
     bool comparison(const Expr &expr, Position position);
     bool compareNodes(const Expr &expr, Position position);
-    bool compareSets(const Expr &expr);
+    bool compareNumbers(const Expr &expr);
+    bool compareStrings(const Expr &expr);
     double count(const Routes &routes);
     double elsewhere(const Expr &expr);
 

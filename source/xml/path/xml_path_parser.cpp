@@ -339,7 +339,7 @@ class PathParser {
             made.axis = take("@") ? Step::attribute : Step::child;
             if (!nodeTest(made.test) || !conditions(made)) return false;
         }
-        return build.append(routes, std::move(made)) || fail(begin, "this is too long");
+        return build.append(routes, made) || fail(begin, "this is too long");
     }
 
     bool conditions(Step &made) {
