@@ -24,13 +24,13 @@ VO_NEW voString *xmlNsDecodeErrorTryHint(XML_NS_DECODE_ERROR *err, voBuffer *xml
 
 /** Where the hint points, when that is closer to the fault than the error's location or when the
  *  error has none: at the attribute at fault in a tag of many, at a character that does not belong
- *  there, at the first bytes that are ill-formed. Null otherwise, and where there is no hint.
- * Counts as the location of the error does; see also xmlDocumentDecodeTextLeniently(). */
+ *  there, at the first bytes that are ill-formed. Null otherwise, and where there is no hint. Its
+ *  numbers count as those of the error's location do; see also xmlDocumentDecodeTextLeniently(). */
 VO_NEW voParserLocation *xmlDecodeErrorTryHintLocation(XML_DECODE_ERROR *err, voBuffer *xml);
 
 /** The offset in `xml`, in bytes from 0, of what the error is about: of its location, or of the
  *  first bytes that are ill-formed, where the error is about those. -1 where that is not known, as
- * in character sets in which the meaning of bytes depends on those before, such as ISO-2022-JP. */
+ *  in character sets in which the meaning of bytes depends on those before, such as ISO-2022-JP. */
 VO_API int64_t xmlDecodeErrorByteOffset(XML_DECODE_ERROR *err, voBuffer *xml);
 VO_API int64_t xmlNsDecodeErrorByteOffset(XML_NS_DECODE_ERROR *err, voBuffer *xml);
 /** @} */
