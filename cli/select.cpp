@@ -1,7 +1,7 @@
+#include "canonical.hpp"
 #include "commands.hpp"
 #include "each.hpp"
 #include "follower.hpp"
-#include "canonical.hpp"
 
 #include <atomic>
 #include <optional>
