@@ -76,6 +76,8 @@ class CommandLine {
         addWriters();
         addImport();
         addViews();
+        addDiff();
+        addJson();
     }
 
     Status run(std::vector<std::string> arguments) {
@@ -201,6 +203,47 @@ class CommandLine {
                     "count in upper and lower case alike.");
     }
 
+    void addDiff() {
+        CLI::App *sub = addBare("diff", diff, "Tell what differs between two documents");
+        sub->add_option("FILE", request.files, "The two documents; one of them may be -")
+            ->expected(2)
+            ->required();
+        namespaces(sub, "Compare names by namespace, whatever the prefixes");
+        sub->add_flag("--ignore-space", request.ignoreSpace,
+                      "Ignore texts of white space, and how texts are broken into lines");
+        sub->add_flag("--json", request.asJson, "Print each difference as a JSON object in a line");
+        reading(sub);
+        sub->footer("The order of attributes, the XML declaration and how characters are escaped "
+                    "do not count. The exit status is 0 when nothing differs, 1 when something "
+                    "does, and 3 when a document cannot be read or is not acceptable.\n"
+                    "\n"
+                    "  voxml diff --ignore-space old.xml new.xml");
+    }
+
+    void addJson() {
+        CLI::App *sub = add("json", tool::json,
+                            "Write documents as JSON, one a line, or make documents of that");
+        sub->add_flag("--compact", request.compact,
+                      "For programs that want data: without order, comments and the like");
+        sub->add_flag("--reverse", request.reverse, "Read JSON and write documents");
+        output(sub);
+        sub->footer(
+            "All but the layout of tags is kept, so that --reverse gives the canonical layout:\n"
+            "  {\"version\":\"1.0\",\"encoding\":\"UTF-8\",\"standalone\":true,\"content\":[...]}\n"
+            "  {\"element\":\"p:name\",\"attributes\":{\"a\":\"value\"},\"content\":[...]}\n"
+            "  \"text\", {\"comment\":\"...\"}, {\"cdata\":\"...\"}, {\"instruction\":\"target "
+            "data\"}\n"
+            "A text or an attribute's value with other references than &lt; and &amp; is an "
+            "object; "
+            "escaped counts as long as it stands for text:\n"
+            "  {\"text\":\"a > b\",\"escaped\":\"a &gt; b\"}\n"
+            "In the compact form elements of one name are a list, empty ones null, and texts lose "
+            "the white space around them:\n"
+            "  {\"root\":{\"@attribute\":\"value\",\"element\":[\"1\",\"2\"],\"#text\":\"text\"}}\n"
+            "\n"
+            "  voxml json --compact -r -j0 folder    a line for each file");
+    }
+
     CLI::App *addBare(const char *name, Command function, const char *description) {
         CLI::App *sub = app.add_subcommand(name, description);
         sub->callback([this, function] { command = function; });
@@ -217,13 +260,20 @@ class CommandLine {
         if (optionalPath) sub->add_option(optionalPath, request.path, "What to select");
         sub->add_option("FILE", request.files, "The documents; none or - is standard input");
         sub->option_defaults()->group(commonOptions);
-        sub->add_flag("--import", request.import,
-                      "Take any well-formed XML: with DOCTYPE, without a declaration and so on");
         sub->add_flag("-r,--recursive", request.recursive, "Read the files in folders, too");
         sub->add_option("--name", request.patterns,
                         "Of the files in folders only those with such a name; *.xml by default")
             ->option_text("PATTERN")
             ->allow_extra_args(false);
+        reading(sub);
+        return sub;
+    }
+
+    /// What commands that read documents have in common.
+    void reading(CLI::App *sub) {
+        sub->option_defaults()->group(commonOptions);
+        sub->add_flag("--import", request.import,
+                      "Take any well-formed XML: with DOCTYPE, without a declaration and so on");
         sub->add_option("--stdin-name", request.standardInput, "What messages call standard input")
             ->option_text("NAME");
         sub->add_flag("-q,--quiet", request.quiet,
@@ -235,7 +285,6 @@ class CommandLine {
                                                                        {"always", Colors::always},
                                                                        {"never", Colors::never}}));
         sub->option_defaults()->group(ownOptions);
-        return sub;
     }
 
     void jobs(CLI::App *sub) {
@@ -290,6 +339,10 @@ class CommandLine {
     /// The options of commands that write documents.
     void writing(CLI::App *sub) {
         namespaces(sub, "Resolve namespaces and write them anew");
+        output(sub);
+    }
+
+    void output(CLI::App *sub) {
         sub->add_flag("--no-declaration", request.noDeclaration, "Leave out the XML declaration");
         sub->add_option("-o,--output", request.output, "Write to this file, whole or not at all")
             ->option_text("FILE")

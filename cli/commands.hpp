@@ -12,6 +12,8 @@ Status format(const Request &request);
 Status convert(const Request &request);
 Status tree(const Request &request);
 Status select(const Request &request);
+Status diff(const Request &request);
+Status json(const Request &request);
 Status stats(const Request &request);
 Status charsets(const Request &request);
 

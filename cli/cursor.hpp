@@ -48,6 +48,25 @@ void walk(Visit visit, XML_CURSOR *cursor, XML_CURSOR *optionalFollower = nullpt
     } while (depth > 0);
 }
 
+/// Calls `enter` on each item below the cursor's node in document order, and `leave` on it behind
+/// all that it holds.
+template <class Enter, class Leave> void walkThrough(Enter enter, Leave leave, XML_CURSOR *cursor) {
+    size_t depth = 0;
+    for (;;) {
+        if (xmlCursorFirstChild(cursor)) {
+            ++depth;
+            enter();
+            continue;
+        }
+        for (; depth > 0; xmlCursorParent(cursor), --depth) {
+            leave();
+            if (xmlCursorNext(cursor)) break;
+        }
+        if (depth == 0) return;
+        enter();
+    }
+}
+
 /// Visits the attributes of the cursor's node, if it has any.
 template <class Visit> void visitAttributes(Visit visit, XML_CURSOR *cursor) {
     if (!xmlCursorFirstAttribute(cursor)) return;

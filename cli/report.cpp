@@ -2,6 +2,7 @@
 
 #include "excerpt.hpp"
 #include "files.hpp"
+#include "json_text.hpp"
 #include "terminal.hpp"
 
 #include <cerrno>
@@ -72,20 +73,6 @@ void Progress::step() {
 }
 
 // ---------------------------------------------------------------- messages
-
-std::string jsonString(std::string_view text) {
-    std::string out = "\"";
-    for (const char ch : text) {
-        const auto byte = static_cast<unsigned char>(ch);
-        if (byte < 0x20)
-            out += "\\u" + hex(byte, 4);
-        else if (ch == '"' || ch == '\\')
-            out.append({'\\', ch});
-        else
-            out += ch;
-    }
-    return out + "\"";
-}
 
 static std::string_view nameOf(Severity severity) {
     return severity == Severity::error ? "error" : "note";

@@ -59,9 +59,6 @@ Status reportFile(const std::string &file, std::string_view what, int error, std
 /// Reports that there is not enough memory for a file.
 Status reportMemory(const std::string &file);
 
-/// A text as a JSON string; it must be UTF-8.
-std::string jsonString(std::string_view text);
-
 /// Reports wrong usage of `command`.
 void reportUsage(std::string_view command, std::string_view text);
 

@@ -31,6 +31,11 @@ struct Request {
     int64_t width = 0;        ///< Columns for a start tag; 0 is without limit.
     bool check = false;       ///< Only tell which documents are not formatted.
 
+    bool ignoreSpace = false; ///< Compare texts without regard to white space.
+    bool asJson = false;      ///< Tell differences as JSON.
+    bool compact = false;     ///< JSON in the compact form,
+    bool reverse = false;     ///< or documents from JSON.
+
     /// How select shows what it finds.
     enum class Show { content, text, count, locations, json, csv, tsv } show = Show::content;
     std::string path;

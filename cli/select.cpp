@@ -2,6 +2,7 @@
 #include "commands.hpp"
 #include "each.hpp"
 #include "follower.hpp"
+#include "json_text.hpp"
 
 #include <atomic>
 #include <optional>
