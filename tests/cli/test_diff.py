@@ -212,7 +212,7 @@ class Edits(ToolTest):
         return wanted.total(), wanted == found, wanted, found
 
     def test_edits_of_a_document_are_named(self):
-        for seed in range(int(os.environ.get("VOXML_EDITS", 240)) // 3):
+        for seed in range(int(os.environ.get("VOXML_EDITS", 180)) // 3):
             self.random.seed(seed)
             tree = ElementTree.Element("r")
             elements = [tree]
