@@ -180,7 +180,7 @@ inline std::int64_t length_of(std::string_view utf8) noexcept {
 /** Adopts a new reference of the C interface: `voxml::comment(voxml::adopt, xmlCommentCreate(v))`.
  *  The reference must not be null and belongs to the value from now on. */
 struct adopt_t {};
-inline constexpr adopt_t adopt{};
+inline constexpr adopt_t adopt{}; ///< The value to pass.
 
 /** A value over a counted object of the C type `T`: the base of the types below. Two values are
  *  equal when they are the same object, strings and buffers when their content is. */
@@ -249,6 +249,7 @@ class string : public handle<voString> {
     [[nodiscard]] std::size_t size() const noexcept {
         return static_cast<std::size_t>(voStringLength(get()));
     }
+    /** Whether there are no code points. */
     [[nodiscard]] bool empty() const noexcept { return size() == 0; }
 
     /** As UTF-8; what that cannot express becomes U+FFFD. */
@@ -260,6 +261,7 @@ class string : public handle<voString> {
             detail::append_utf8(utf8, point);
         return utf8;
     }
+    /** As str() gives it. */
     operator std::string() const { return str(); }
 
     friend bool operator==(const string &a, const string &b) noexcept { return a.u32() == b.u32(); }
@@ -287,7 +289,9 @@ class string_arg {
     string_arg(const Text &utf8 VOXML_LIFETIMEBOUND) : utf8_(utf8) {}
     string_arg(const string &made VOXML_LIFETIMEBOUND) noexcept : made_(&made) {}
 
+    /** Whether it is the empty string. */
     [[nodiscard]] bool empty() const noexcept { return made_ ? made_->empty() : utf8_.empty(); }
+    /** Whether it is that string. */
     [[nodiscard]] bool is(std::string_view utf8) const noexcept {
         return made_ ? *made_ == utf8 : utf8_ == utf8;
     }
@@ -304,6 +308,7 @@ class string_arg {
     [[nodiscard]] std::string_view in(kept &room VOXML_LIFETIMEBOUND) const {
         return made_ ? room = made_->str() : utf8_;
     }
+    /** A copy as UTF-8. */
     [[nodiscard]] kept keep() const { return made_ ? made_->str() : kept(utf8_); }
 
   private:
@@ -326,6 +331,7 @@ class buffer : public handle<voBuffer> {
         return {reinterpret_cast<const char *>(voBufferBacking(get())),
                 static_cast<std::size_t>(voBufferLength(get()))};
     }
+    /** A copy of the bytes. */
     [[nodiscard]] std::string str() const { return std::string(view()); }
 
     friend bool operator==(const buffer &a, const buffer &b) noexcept {
@@ -347,6 +353,7 @@ class failure {
   public:
     explicit failure(errc code) noexcept : code_(code) {}
 
+    /** Which failure it is. */
     [[nodiscard]] errc code() const noexcept { return code_; }
     /** What is wrong, in English. */
     [[nodiscard]] std::string message() const {
@@ -356,7 +363,9 @@ class failure {
     [[nodiscard]] std::optional<location> where() const {
         return details_ ? details_->where : std::nullopt;
     }
+    /** The line of where(), or 0. */
     [[nodiscard]] std::int64_t line() const noexcept { return at_place(&location::line); }
+    /** The column of where(), or 0. */
     [[nodiscard]] std::int64_t column() const noexcept { return at_place(&location::column); }
     /** The place in bytes from 0, or -1 where that is not known. */
     [[nodiscard]] std::int64_t byte_offset() const noexcept {
@@ -441,7 +450,9 @@ template <class T> class [[nodiscard]] result {
     result(T value) : held_(std::in_place_index<0>, std::move(value)) {}
     result(failure why) : held_(std::in_place_index<1>, std::move(why)) {}
 
+    /** Whether there is a value. */
     [[nodiscard]] bool has_value() const noexcept { return held_.index() == 0; }
+    /** The same. */
     explicit operator bool() const noexcept { return has_value(); }
     /** Why there is no value; where there is one, asking ends the process. */
     [[nodiscard]] const failure &error() const noexcept VOXML_LIFETIMEBOUND {
@@ -449,12 +460,15 @@ template <class T> class [[nodiscard]] result {
         return *std::get_if<1>(&held_);
     }
 
+    /** The value; where there is none, the process ends. */
     T &value() & VOXML_LIFETIMEBOUND { return check(), *std::get_if<0>(&held_); }
     const T &value() const &VOXML_LIFETIMEBOUND { return check(), *std::get_if<0>(&held_); }
     T value() && { return check(), std::move(*std::get_if<0>(&held_)); }
+    /** The same. */
     T &operator*() & VOXML_LIFETIMEBOUND { return value(); }
     const T &operator*() const &VOXML_LIFETIMEBOUND { return value(); }
     T operator*() && { return std::move(*this).value(); }
+    /** A member of the value; where there is none, the process ends. */
     T *operator->() VOXML_LIFETIMEBOUND { return &value(); }
     const T *operator->() const VOXML_LIFETIMEBOUND { return &value(); }
 
@@ -474,7 +488,9 @@ template <> class [[nodiscard]] result<void> {
     result() = default;
     result(failure why) : why_(std::move(why)) {}
 
+    /** Whether it succeeded. */
     [[nodiscard]] bool has_value() const noexcept { return !why_; }
+    /** The same. */
     explicit operator bool() const noexcept { return has_value(); }
     /** Why it failed; where it did not, asking ends the process. */
     [[nodiscard]] const failure &error() const noexcept VOXML_LIFETIMEBOUND {
@@ -550,6 +566,7 @@ class marked_text : public handle<T> {
     }
     /** What stands between the delimiters. */
     [[nodiscard]] string value() const noexcept { return string(adopt, Value(this->get())); }
+    /** Replaces what stands between the delimiters; make() tells what is refused. */
     result<void> set_value(string_arg value) {
         auto made = checked(value, Ok, Bad);
         if (!made) return made.error();
@@ -599,6 +616,7 @@ class text : public handle<XML_TEXT> {
     [[nodiscard]] std::optional<string> value() const noexcept {
         return detail::optional_of<string>(xmlTextTryUnescape(get()));
     }
+    /** As it stands between markup, references and all. */
     [[nodiscard]] string escaped_value() const noexcept {
         return string(adopt, xmlTextValue(get()));
     }
@@ -665,6 +683,7 @@ struct qname_arg {
     qname_arg(const expanded_name &name VOXML_LIFETIMEBOUND)
         : ns(name.ns ? string_arg(*name.ns) : string_arg("")), local(name.local) {}
 
+    /** Whether it is that name. */
     [[nodiscard]] bool is(const qname &name) const noexcept {
         return local.is(name.local) && ns.is(name.ns);
     }
@@ -672,9 +691,11 @@ struct qname_arg {
         std::string ns, local;
         operator qname() const noexcept VOXML_LIFETIMEBOUND { return {ns, local}; }
     };
+    /** As a name; its strings lie in `room` where they were no UTF-8. */
     [[nodiscard]] qname in(kept &room VOXML_LIFETIMEBOUND) const {
         return {ns.in(room.ns), local.in(room.local)};
     }
+    /** A copy of its strings. */
     [[nodiscard]] kept keep() const { return {ns.keep(), local.keep()}; }
 };
 
@@ -880,9 +901,11 @@ class namespace_mapping : public handle<XML_NS_NAMESPACE_MAPPING> {
         }
         return made;
     }
+    /** None for the default namespace. */
     [[nodiscard]] std::optional<string> prefix() const noexcept {
         return detail::optional_of<string>(xmlNsNamespaceMappingPrefix(get()));
     }
+    /** None where the prefix is bound to no namespace. */
     [[nodiscard]] std::optional<string> ns() const noexcept {
         return detail::optional_of<string>(xmlNsNamespaceMappingNamespace(get()));
     }
@@ -931,16 +954,20 @@ template <class Range> class place_iterator {
 /// that derives from this.
 template <class List> class list_range {
   public:
+    /** Whether the list is empty. */
     [[nodiscard]] bool empty() const noexcept { return list().size() == 0; }
+    /** To the first value. */
     [[nodiscard]] auto begin() const noexcept VOXML_LIFETIMEBOUND {
         return place_iterator<list_range>(this, next(-1));
     }
+    /** Behind the last. */
     [[nodiscard]] auto end() const noexcept VOXML_LIFETIMEBOUND {
         return place_iterator<list_range>(this, -1);
     }
 
-    /// For the iterator.
+    /** For the iterator: what stands at a place. */
     [[nodiscard]] auto at(std::int64_t place) const { return list()[place]; }
+    /** For the iterator: the next place, or -1. */
     [[nodiscard]] std::int64_t next(std::int64_t place) const noexcept {
         return place + 1 < list().size() ? place + 1 : -1;
     }
@@ -959,7 +986,9 @@ class namespace_map : public handle<XML_NS_NAMESPACE_MAP>,
 
     namespace_map() : namespace_map(adopt, xmlNsNamespaceMapCreate()) {}
 
+    /** The number of declarations. */
     [[nodiscard]] std::int64_t size() const noexcept { return xmlNsNamespaceMapLength(get()); }
+    /** The declaration at `index`. */
     [[nodiscard]] namespace_mapping operator[](std::int64_t index) const noexcept {
         return namespace_mapping(adopt, xmlNsNamespaceMapMappingAt(get(), index));
     }
@@ -967,6 +996,7 @@ class namespace_map : public handle<XML_NS_NAMESPACE_MAP>,
     void set(const namespace_mapping &mapping) noexcept {
         xmlNsNamespaceMapSetMapping(address(), mapping.get());
     }
+    /** Removes the declaration at `index`. */
     void erase(std::int64_t index) noexcept { xmlNsNamespaceMapDelMappingAt(address(), index); }
     /** The mapping of a prefix; empty stands for the default namespace. */
     [[nodiscard]] std::optional<namespace_mapping> find_prefix(string_arg prefix) const {
@@ -1280,6 +1310,8 @@ struct ns_layer {
 } // namespace detail
 
 /** @name Attributes and their list @{ */
+
+/** An attribute: a name and a value. */
 template <class Layer> class basic_attribute : public handle<typename Layer::attribute_t> {
   public:
     using handle<typename Layer::attribute_t>::handle;
@@ -1293,7 +1325,9 @@ template <class Layer> class basic_attribute : public handle<typename Layer::att
         if (!plain) return plain.error();
         return basic_attribute(adopt, Layer::attribute_create(*checked, plain->get()));
     }
+    /** As the document writes it, or in the tree with namespaces an expanded_name. */
     [[nodiscard]] auto name() const noexcept { return Layer::name_of(this->get()); }
+    /** Renames the attribute. */
     result<void> set_name(const name_arg &name) {
         auto checked = Layer::checked_attribute_name(name);
         if (!checked) return checked.error();
@@ -1304,15 +1338,18 @@ template <class Layer> class basic_attribute : public handle<typename Layer::att
     [[nodiscard]] std::optional<string> value() const noexcept {
         return detail::optional_of<string>(Layer::attribute_value(this->get()));
     }
+    /** The value as it stands between the quotes. */
     [[nodiscard]] string escaped_value() const noexcept {
         return string(adopt, Layer::attribute_escaped_value(this->get()));
     }
+    /** Sets a value of plain characters. */
     result<void> set_value(string_arg value) {
         auto plain = detail::plain_characters(value);
         if (!plain) return plain.error();
         Layer::attribute_set_value(this->address(), plain->get());
         return {};
     }
+    /** Sets a value as it stands between quotes. */
     result<void> set_escaped_value(string_arg value) {
         auto escaped = detail::escaped_characters(value);
         if (!escaped) return escaped.error();
@@ -1334,9 +1371,11 @@ template <class Layer> class basic_attributes : public handle<typename Layer::at
 
     basic_attributes() : basic_attributes(adopt, Layer::attributes_create()) {}
 
+    /** The number of attributes. */
     [[nodiscard]] std::int64_t size() const noexcept {
         return Layer::attributes_length(this->get());
     }
+    /** The attribute at `index`. */
     [[nodiscard]] attribute_type operator[](std::int64_t index) const noexcept {
         return attribute_type(adopt, Layer::attributes_at(this->get(), index));
     }
@@ -1360,6 +1399,7 @@ template <class Layer> class basic_attributes : public handle<typename Layer::at
     void insert(std::int64_t index, const attribute_type &attr) noexcept {
         Layer::attributes_insert(this->address(), index, attr.get());
     }
+    /** Removes the attribute at `index`. */
     void erase(std::int64_t index) noexcept { Layer::attributes_del_at(this->address(), index); }
 };
 /** @} */
@@ -1380,10 +1420,12 @@ template <class Layer> class basic_item : public handle<typename Layer::item_t> 
     basic_item(const voxml::comment &node) noexcept : basic_item(of(node)) {}
     basic_item(const voxml::processing_instruction &node) noexcept : basic_item(of(node)) {}
 
+    /** The kind of the node. */
     [[nodiscard]] item_type type() const noexcept {
         return static_cast<item_type>(Layer::item_type(this->get()));
     }
-    /** @name The node, if it is of that kind @{ */
+    /** @name Content
+     *  The node; none where the item holds one of another kind. @{ */
     [[nodiscard]] std::optional<basic_element<Layer>> element() const noexcept {
         return detail::optional_of<basic_element<Layer>>(Layer::item_element(this->get()));
     }
@@ -1417,10 +1459,13 @@ template <class Layer> class basic_items : public handle<typename Layer::items_t
 
     basic_items() : basic_items(adopt, Layer::items_create()) {}
 
+    /** The number of nodes. */
     [[nodiscard]] std::int64_t size() const noexcept { return Layer::items_length(this->get()); }
+    /** The node at `index`. */
     [[nodiscard]] item_type operator[](std::int64_t index) const noexcept {
         return item_type(adopt, Layer::items_at(this->get(), index));
     }
+    /** In the place of the node at `index`. */
     void set(std::int64_t index, const item_type &item) noexcept {
         Layer::items_set_at(this->address(), index, item.get());
     }
@@ -1428,7 +1473,9 @@ template <class Layer> class basic_items : public handle<typename Layer::items_t
     void insert(std::int64_t index, const item_type &item) noexcept {
         Layer::items_insert(this->address(), index, item.get());
     }
+    /** Behind all nodes. */
     void append(const item_type &item) noexcept { insert(size(), item); }
+    /** Removes the node at `index`. */
     void erase(std::int64_t index) noexcept { Layer::items_del_at(this->address(), index); }
 };
 
@@ -1438,18 +1485,22 @@ template <class Layer> class basic_elements {
     basic_elements(basic_element<Layer> parent, std::optional<typename Layer::name_arg::kept> name)
         : parent_(std::move(parent)), name_(std::move(name)) {}
 
+    /** Whether there is none. */
     [[nodiscard]] bool empty() const noexcept { return next(-1) < 0; }
+    /** To the first element. */
     [[nodiscard]] auto begin() const noexcept VOXML_LIFETIMEBOUND {
         return detail::place_iterator<basic_elements>(this, next(-1));
     }
+    /** Behind the last. */
     [[nodiscard]] auto end() const noexcept VOXML_LIFETIMEBOUND {
         return detail::place_iterator<basic_elements>(this, -1);
     }
 
-    /** For the iterator: the element at an index among the items, and the index of the next. */
+    /** For the iterator: the element at an index among the items. */
     [[nodiscard]] basic_element<Layer> at(std::int64_t place) const noexcept {
         return basic_element<Layer>(adopt, Layer::element_item_element_at(parent_.get(), place));
     }
+    /** For the iterator: the index of the next element behind that one, or -1. */
     [[nodiscard]] std::int64_t next(std::int64_t place) const noexcept {
         if (name_) return Layer::find_child(parent_.get(), place + 1, *name_);
         const std::int64_t length = Layer::element_items_length(parent_.get());
@@ -1574,7 +1625,9 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     }
 
     /** @name Name @{ */
+    /** As the document writes it, or in the tree with namespaces an expanded_name. */
     [[nodiscard]] auto name() const noexcept { return Layer::name_of(this->get()); }
+    /** Renames the element. */
     result<void> set_name(const name_arg &name) {
         auto checked = Layer::checked_name(name);
         if (!checked) return checked.error();
@@ -1621,9 +1674,11 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     /** @} */
 
     /** @name Children @{ */
+    /** All children, of every kind. */
     [[nodiscard]] basic_items<Layer> items() const noexcept {
         return basic_items<Layer>(adopt, Layer::element_items(this->get()));
     }
+    /** Replaces them. */
     void set_items(const basic_items<Layer> &items) noexcept {
         Layer::element_set_items(this->address(), items.get());
     }
@@ -1665,10 +1720,13 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
     void insert(std::int64_t index, const item_type &item) noexcept {
         Layer::element_insert_item(this->address(), index, item.get());
     }
+    /** In the place of the item at `index`. */
     void set(std::int64_t index, const item_type &item) noexcept {
         Layer::element_set_item_at(this->address(), index, item.get());
     }
+    /** Removes the item at `index`. */
     void erase(std::int64_t index) noexcept { Layer::element_del_item_at(this->address(), index); }
+    /** Removes all items. */
     void clear() noexcept { Layer::element_items_clear(this->address()); }
     /** Replaces all items by a text of plain characters. */
     result<void> set_text(string_arg value) {
@@ -1988,9 +2046,11 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     void set_root(const element_type &root) noexcept {
         Layer::document_set_root(this->address(), root.get());
     }
+    /** The nodes at the top, of any number and kind. */
     [[nodiscard]] basic_items<Layer> items() const noexcept {
         return basic_items<Layer>(adopt, Layer::document_items(this->get()));
     }
+    /** Replaces them. */
     void set_items(const basic_items<Layer> &items) noexcept {
         Layer::document_set_items(this->address(), items.get());
     }
@@ -2013,9 +2073,11 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     /** @} */
 
     /** @name The XML declaration @{ */
+    /** Such as "1.0". */
     [[nodiscard]] string version() const noexcept {
         return string(adopt, Layer::document_version(this->get()));
     }
+    /** Fails with errc::bad_version unless it is "1." and digits. */
     result<void> set_version(string_arg version) {
         auto checked = detail::checked(version, xmlValueVersionNumOk, errc::bad_version);
         if (!checked) return checked.error();
@@ -2026,13 +2088,16 @@ template <class Layer> class basic_document : public handle<typename Layer::docu
     [[nodiscard]] voCharset charset() const noexcept {
         return Layer::document_charset(this->get());
     }
-    /** A charset that is none of the constants ends the process. */
+    /** Of what encode() writes; the tree stays as it is. A charset that is none of the constants
+     *  ends the process. */
     void set_charset(voCharset charset) noexcept {
         Layer::document_set_charset(this->address(), charset);
     }
+    /** Whether the declaration says standalone="yes". */
     [[nodiscard]] bool standalone() const noexcept {
         return Layer::document_standalone(this->get()) != 0;
     }
+    /** Sets that. */
     void set_standalone(bool standalone) noexcept {
         Layer::document_set_standalone(this->address(), standalone ? 1 : 0);
     }
@@ -2202,6 +2267,7 @@ template <class Layer> class basic_view {
     basic_view &operator=(basic_view &&) noexcept = default;
     ~basic_view() = default;
 
+    /** The kind of the node. */
     [[nodiscard]] item_type type() const noexcept {
         return static_cast<item_type>(xmlCursorType(cursor_.get()));
     }
@@ -2223,10 +2289,12 @@ template <class Layer> class basic_view {
     attribute(const name_arg &name) const VOXML_LIFETIMEBOUND {
         return read_attribute(name, xmlCursorValueTryUnescape);
     }
+    /** The same as it is stored. */
     [[nodiscard]] std::optional<std::string_view>
     escaped_attribute(const name_arg &name) const VOXML_LIFETIMEBOUND {
         return read_attribute(name, xmlCursorValue);
     }
+    /** Whether there is an attribute of that name. */
     [[nodiscard]] bool has_attribute(const name_arg &name) const noexcept {
         detail::way_back way{cursor_.get()};
         return find_attribute(name, way);
@@ -2375,7 +2443,9 @@ template <class Layer> class basic_views {
         basic_views *range_ = nullptr; ///< Null at the end.
     };
 
+    /** To the first view. Once, since the range is read once. */
     [[nodiscard]] iterator begin() noexcept VOXML_LIFETIMEBOUND { return iterator(this); }
+    /** Behind the last. */
     [[nodiscard]] sentinel end() const noexcept { return {}; }
 
   private:

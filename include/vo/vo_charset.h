@@ -23,6 +23,7 @@ VO_BEGIN_DECLS
 /** A character set: one of the constants below, or -1 for none. */
 typedef int64_t voCharset;
 
+/** The character sets, each named after its preferred IANA name. */
 enum {
     VO_CHARSET_US_ASCII = 0,
     VO_CHARSET_ISO_8859_1 = 1,

@@ -35,6 +35,8 @@
 
 #include <stdint.h>
 
+/** @name Linkage
+ *  What stands between them is C, also for a compiler of C++. @{ */
 #ifdef __cplusplus
 #define VO_BEGIN_DECLS extern "C" {
 #define VO_END_DECLS }
@@ -42,12 +44,14 @@
 #define VO_BEGIN_DECLS
 #define VO_END_DECLS
 #endif
+/** @} */
 
 #if defined(__GNUC__)
 /** A function of the library's interface. */
 #define VO_API __attribute__((visibility("default")))
 /** The same, with a result that is a new reference: the caller releases it. Dropping it warns. */
 #define VO_NEW __attribute__((visibility("default"), warn_unused_result))
+/** A function that never returns. */
 #define VO_NORETURN __attribute__((noreturn))
 #else
 #define VO_API

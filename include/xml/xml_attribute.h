@@ -8,7 +8,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_ATTRIBUTE XML_ATTRIBUTE;
+typedef struct XML_ATTRIBUTE XML_ATTRIBUTE; /**< An attribute. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

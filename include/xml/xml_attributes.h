@@ -12,7 +12,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_ATTRIBUTES XML_ATTRIBUTES;
+typedef struct XML_ATTRIBUTES XML_ATTRIBUTES; /**< A list of attributes. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

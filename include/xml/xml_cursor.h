@@ -26,7 +26,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_CURSOR XML_CURSOR;
+typedef struct XML_CURSOR XML_CURSOR; /**< A cursor. */
 
 /** What xmlCursorType() gives, beside the item types, for a cursor on the document or on an
  *  attribute. */

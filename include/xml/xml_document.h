@@ -7,7 +7,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_DOCUMENT XML_DOCUMENT;
+typedef struct XML_DOCUMENT XML_DOCUMENT; /**< A document. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

@@ -13,7 +13,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_ITEM XML_ITEM;
+typedef struct XML_ITEM XML_ITEM;       /**< A child node. */
 typedef struct XML_ELEMENT XML_ELEMENT; /**< See xml_element.h, which includes this. */
 
 /** @name Common operations

@@ -10,6 +10,7 @@ VO_BEGIN_DECLS
 /** One of the five values below; xmlCursorType() adds two. */
 typedef int64_t XML_ITEM_TYPE;
 
+/** The types. */
 enum {
     XML_ITEM_TYPE_ELEMENT = 0,
     XML_ITEM_TYPE_PROCESSING_INSTRUCTION = 1,

@@ -12,7 +12,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_ITEMS XML_ITEMS;
+typedef struct XML_ITEMS XML_ITEMS; /**< A list of items. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

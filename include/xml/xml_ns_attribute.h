@@ -7,7 +7,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_NS_ATTRIBUTE XML_NS_ATTRIBUTE;
+typedef struct XML_NS_ATTRIBUTE XML_NS_ATTRIBUTE; /**< An attribute with a resolved name. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

@@ -13,7 +13,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_NS_ATTRIBUTES XML_NS_ATTRIBUTES;
+typedef struct XML_NS_ATTRIBUTES XML_NS_ATTRIBUTES; /**< A list of attributes. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

@@ -7,7 +7,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_NS_DOCUMENT XML_NS_DOCUMENT;
+typedef struct XML_NS_DOCUMENT XML_NS_DOCUMENT; /**< A document with resolved names. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

@@ -14,7 +14,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_NS_ITEM XML_NS_ITEM;
+typedef struct XML_NS_ITEM XML_NS_ITEM;       /**< A child node. */
 typedef struct XML_NS_ELEMENT XML_NS_ELEMENT; /**< See xml_ns_element.h, which includes this. */
 
 /** @name Common operations

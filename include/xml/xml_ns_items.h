@@ -13,7 +13,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_NS_ITEMS XML_NS_ITEMS;
+typedef struct XML_NS_ITEMS XML_NS_ITEMS; /**< A list of items. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

@@ -17,7 +17,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_NS_NAMESPACE_MAP XML_NS_NAMESPACE_MAP;
+typedef struct XML_NS_NAMESPACE_MAP XML_NS_NAMESPACE_MAP; /**< A namespace map. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

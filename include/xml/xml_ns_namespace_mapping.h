@@ -16,7 +16,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_NS_NAMESPACE_MAPPING XML_NS_NAMESPACE_MAPPING;
+typedef struct XML_NS_NAMESPACE_MAPPING XML_NS_NAMESPACE_MAPPING; /**< A namespace mapping. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */

@@ -11,7 +11,7 @@
 
 VO_BEGIN_DECLS
 
-typedef struct XML_TEXT XML_TEXT;
+typedef struct XML_TEXT XML_TEXT; /**< A text. */
 
 /** @name Common operations
  *  See vo/vo_object.h. @{ */
