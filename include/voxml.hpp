@@ -66,30 +66,26 @@ namespace voxml {
 
 /** What went wrong. */
 enum class errc {
-    /** @name The document is refused
-     *  As the codes in xml/xml_decode_error_code.h. @{ */
-    charset,
-    xml_declaration,
-    doctype,
-    tag,
-    tag_mismatch,
-    tag_not_closed,
-    processing_instruction,
-    comment,
-    cdata,
-    attribute_list,
-    text,
-    /** @} */
+    // The document is refused.
+    charset,                ///< See XML_DECODE_ERROR_CODE_CHARSET.
+    xml_declaration,        ///< See XML_DECODE_ERROR_CODE_XML_DECLARATION.
+    doctype,                ///< See XML_DECODE_ERROR_CODE_DOCTYPE.
+    tag,                    ///< See XML_DECODE_ERROR_CODE_TAG.
+    tag_mismatch,           ///< See XML_DECODE_ERROR_CODE_TAG_MISMATCH.
+    tag_not_closed,         ///< See XML_DECODE_ERROR_CODE_TAG_NOT_CLOSED.
+    processing_instruction, ///< See XML_DECODE_ERROR_CODE_PROCESSING_INSTRUCTION.
+    comment,                ///< See XML_DECODE_ERROR_CODE_COMMENT.
+    cdata,                  ///< See XML_DECODE_ERROR_CODE_CDATA.
+    attribute_list,         ///< See XML_DECODE_ERROR_CODE_ATTRIBUTE_LIST.
+    text,                   ///< See XML_DECODE_ERROR_CODE_TEXT.
 
-    /** @name Its namespaces are refused
-     *  As the codes in xml/xml_ns_decode_error_code.h. @{ */
-    namespace_name,
-    namespace_prefix,
-    namespace_prefix_unknown,
-    local_name,
-    /** @} */
+    // Its namespaces are refused.
+    namespace_name,           ///< See XML_NS_DECODE_ERROR_CODE_NAMESPACE.
+    namespace_prefix,         ///< See XML_NS_DECODE_ERROR_CODE_NAMESPACE_PREFIX.
+    namespace_prefix_unknown, ///< See XML_NS_DECODE_ERROR_CODE_NAMESPACE_PREFIX_UNKNOWN.
+    local_name,               ///< See XML_NS_DECODE_ERROR_CODE_LOCAL_NAME.
 
-    /** @name A value is refused, which the tree does not come to hold @{ */
+    // A value is refused, which the tree does not come to hold.
     bad_utf8,                   ///< Ill-formed UTF-8.
     bad_name,                   ///< No XML name, or with namespaces no name without a colon.
     bad_namespace,              ///< No name of a namespace, see xmlNsValueNamespaceOk().
@@ -99,7 +95,6 @@ enum class errc {
     bad_cdata,                  ///< See xmlValueCdataOk().
     bad_processing_instruction, ///< See xmlValueProcessingInstructionValueOk().
     bad_version,                ///< See xmlValueVersionNumOk().
-    /** @} */
 
     charset_too_small, ///< The document's character set lacks a character of the text.
     file,              ///< The system refuses a file; see failure::system_error().

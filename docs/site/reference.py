@@ -395,6 +395,8 @@ class Reference:
             entry.declarations = [headers.Declaration(first.name, first.kind, first.name, first.line)]
         for value in parts:
             self.count("C++", value)
+            if value.said is None and first.name != "item_type":
+                self.faults.append(f"voxml.hpp: {key}::{value.declarations[0].name} is not documented")
             body += "\n\n" + self.directive("cpp", value, Writer(self.names).blocks(value.said))
         return f".. cpp:namespace:: {scope}\n\n" + self.directive("cpp", entry, body)
 
@@ -482,7 +484,7 @@ class Reference:
         runtime = [h for h in self.files if h.startswith("vo/")]
         spaces = [h for h in self.files if h.startswith("xml/xml_ns_")]
         plain = [h for h in self.files if h not in runtime + spaces]
-        for name, files in (("vo", runtime), ("ns", spaces), ("xml", plain)):
+        for name, files in (("runtime", runtime), ("namespaces", spaces), ("plain", plain)):
             rows = [f"   * - :doc:`{h} <{page_of(h)}>`\n     - {self.first_sentence(h)}" for h in files]
             hidden = "\n".join(f"   {page_of(h)}" for h in files)
             (target / f"{name}.inc").write_text(
