@@ -47,6 +47,8 @@ def main(voxml, work, site):
     shutil.rmtree(site, ignore_errors=True)
     work.mkdir(parents=True, exist_ok=True)
     shutil.copytree(DOCS, source, ignore=shutil.ignore_patterns("site", "__pycache__"))
+    (work / "examples").unlink(missing_ok=True)
+    (work / "examples").symlink_to(DOCS.parent / "examples")  # which pages show
     counts = write_reference(work, source)
     tool.write(voxml, source)
     run_sphinx(source, work, site)

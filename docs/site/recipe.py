@@ -24,7 +24,7 @@ class Recipe(SphinxDirective):
         for title, path in self.files(folder, name):
             self.env.note_dependency(str(path))
             lines += [f"## {title}", "", f"```{{literalinclude}} /cookbook/{name}/{path.name}",
-                      f":language: {LANGUAGES[path.suffix]}", "```", ""]
+                      f":language: {LANGUAGES[path.suffix]}", ":force:", "```", ""]
         node = nodes.Element()
         self.state.nested_parse(StringList(lines, source=str(folder)), self.content_offset, node,
                                 match_titles=True)

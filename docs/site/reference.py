@@ -8,25 +8,25 @@ from dataclasses import dataclass
 
 import headers
 
-# The parts of voxml.hpp: file name, title, what its page says first, classes, and other names.
-# A class of its namespaces that stands here nowhere is a fault.
+# The parts of voxml.hpp: file name, title, classes, and other names. What stands here nowhere comes to
+# a page at the end.
 CPP = [
-    ("document", "Documents", "", ["basic_document", "decode_options", "encode_options"], ["document"]),
-    ("element", "Elements", "", ["basic_element", "basic_attr"], ["element", "attr"]),
-    ("attributes", "Attributes", "", ["basic_attribute", "basic_attributes"],
+    ("document", "Documents", ["basic_document", "decode_options", "encode_options", "layout"], ["document"]),
+    ("element", "Elements", ["basic_element", "basic_attr"], ["element", "attr"]),
+    ("attributes", "Attributes", ["basic_attribute", "basic_attributes"],
      ["attribute", "attributes"]),
-    ("items", "Children", "", ["basic_items", "basic_item", "basic_elements"],
+    ("items", "Children", ["basic_items", "basic_item", "basic_elements"],
      ["items", "item", "elements", "item_type"]),
-    ("text", "Texts, comments and the like", "", ["text", "detail::marked_text"],
+    ("text", "Texts, comments and the like", ["text", "detail::marked_text"],
      ["comment", "cdata", "processing_instruction"]),
-    ("view", "Views", "", ["basic_view", "basic_views"], ["view", "views"]),
-    ("names", "Names and namespaces", "",
+    ("view", "Views", ["basic_view", "basic_views"], ["view", "views"]),
+    ("names", "Names and namespaces",
      ["qname", "expanded_name", "qname_arg", "namespace_map", "namespace_mapping"], []),
-    ("result", "Results and failures", "", ["result", "result<void>", "failure", "failure::details",
+    ("result", "Results and failures", ["result", "result<void>", "failure", "failure::details",
                                         "location"], ["errc"]),
-    ("string", "Strings and bytes", "", ["string", "string_arg", "buffer"], []),
-    ("import", "Import", "", ["import_options"], ["import_document"]),
-    ("handle", "What all values have", "", ["handle", "adopt_t", "detail::list_range"], ["adopt"]),
+    ("string", "Strings and bytes", ["string", "string_arg", "buffer"], []),
+    ("import", "Import", ["import_options"], ["import_document"]),
+    ("handle", "What all values have", ["handle", "adopt_t", "detail::list_range"], ["adopt"]),
 ]
 
 ROLES = {"function": "func", "friend": "func", "define": "macro", "typedef": "type",
@@ -204,10 +204,17 @@ class Reference:
         self.classes = {}
         self.free = {}
         self.read_cpp()
+        self.cpp_pages = self.pages_of_cpp()
         self.name_c()
         self.name_cpp()
 
     # ---- what there is
+
+    def pages_of_cpp(self):
+        listed = {name for _, _, classes, names in CPP for name in classes + names}
+        classes = [name for name in self.classes if name not in listed]
+        names = [name for name in self.free if name.removeprefix("ns::") not in listed]
+        return CPP + ([("more", "More", classes, names)] if classes or names else [])
 
     def read_cpp(self):
         for path in sorted(self.folder.glob("*voxml_1_1*.xml")):
@@ -216,11 +223,9 @@ class Reference:
                 continue
             name = headers.tight(node.findtext("compoundname")).removeprefix("voxml::")
             name = name.replace("std::", "")
-            listed = any(name in classes for *_, classes, _ in CPP)
+            listed = any(name in classes for _, _, classes, _ in CPP)
             if node.get("prot", "public") != "public" or (not listed and self.is_internal(name)):
                 continue
-            if not listed:
-                self.faults.append(f"voxml.hpp: {name} stands on no page: see docs/site/reference.py")
             self.classes[name] = (node, headers.blocks(self.folder, node))
         for space in ("namespacevoxml", "namespacevoxml_1_1ns"):
             node = headers.compound(self.folder, space)
@@ -366,8 +371,8 @@ class Reference:
     # ---- C++
 
     def cpp_page(self, page):
-        file, title, said, classes, names = page
-        parts = [heading(title, "="), "``#include <voxml.hpp>``\n", said]
+        _, title, classes, names = page
+        parts = [heading(title, "="), "``#include <voxml.hpp>``\n"]
         for name in names:
             for key in (name, "ns::" + name):
                 if key in self.free:
@@ -472,7 +477,7 @@ class Reference:
         for header in self.files:
             path = target / (page_of(header).split("/")[-1] + ".rst")
             path.write_text(self.c_page(header))
-        for page in CPP:
+        for page in self.cpp_pages:
             (target / f"cpp-{page[0]}.rst").write_text(self.cpp_page(page))
         self.write_lists(target)
         known = {word: (t.domain, t.role, t.name) for word, t in self.names.targets.items()
@@ -491,7 +496,7 @@ class Reference:
                 f".. toctree::\n   :hidden:\n\n{hidden}\n\n.. list-table::\n   :widths: 35 65\n\n"
                 + "\n".join(rows) + "\n")
         (target / "cpp.inc").write_text(
-            ".. toctree::\n   :maxdepth: 2\n\n" + "\n".join(f"   cpp-{page[0]}" for page in CPP) + "\n")
+            ".. toctree::\n   :maxdepth: 2\n\n" + "\n".join(f"   cpp-{page[0]}" for page in self.cpp_pages) + "\n")
 
     def first_sentence(self, header):
         said = headers.said_of(self.files[header][0])
