@@ -35,7 +35,7 @@ def write_reference(work, source):
 def run_sphinx(source, work, site):
     environment = dict(os.environ, VOXML_DOCS_SITE=str(SITE), VOXML_VERSION=version(),
                        PYTHONDONTWRITEBYTECODE="1")
-    command = ["sphinx-build", "-W", "--keep-going", "-q", "-j", "auto",
+    command = ["sphinx-build", "-W", "--keep-going", "-E", "-q", "-j", "auto",
                "-d", str(work / "doctrees"), str(source), str(site)]
     if subprocess.run(command, env=environment).returncode:
         raise SystemExit("scripts/docs: Sphinx warns")
