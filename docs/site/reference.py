@@ -296,7 +296,7 @@ class Reference:
 
     def c_page(self, header):
         node, found = self.files[header]
-        parts = [heading(header, "="), f"``#include \"{header}\"``\n",
+        parts = [heading(header.split("/")[1], "="), f"``#include \"{header}\"``\n",
                  Writer(self.names).blocks(headers.said_of(node))]
         for block in found:
             parts.append(self.c_block(header, block))
@@ -324,7 +324,9 @@ class Reference:
             body = "Of every type; see :ref:`common-operations`."
         else:
             body = Writer(self.names, [d.name + "()" for d in entry.declarations]).blocks(said)
-            body += self.ownership(entry)
+            own = self.ownership(entry)
+            ends_in_list = body.split("\n\n")[-1].startswith(("- ", ".. ", " "))
+            body += ("\n\n" if ends_in_list else "") + own
         for part in entry.parts:
             body += "\n\n" + self.directive("c", part, Writer(self.names).blocks(part.said))
         return self.directive("c", entry, body)
@@ -335,9 +337,9 @@ class Reference:
         if not new:
             return ""
         if len(new) == len(entry.declarations):
-            return "\n\n:ref:`New reference <ownership>`." if len(new) == 1 \
-                else "\n\n:ref:`New references <ownership>`."
-        return "\n\nAn object that is given is a :ref:`new reference <ownership>`."
+            return " :ref:`New reference <ownership>`." if len(new) == 1 \
+                else " :ref:`New references <ownership>`."
+        return " An object that is given is a :ref:`new reference <ownership>`."
 
     def c_enum(self, header, entry):
         parts = [Writer(self.names).blocks(entry.said)]
@@ -396,8 +398,11 @@ class Reference:
             body = "The tree with namespaces: names are pairs."
         elif alias and not body:
             body = title + "." if title else ""
-        if alias and "marked_text" in first.text:
-            entry.declarations = [headers.Declaration(first.name, first.kind, first.name, first.line)]
+        if alias:
+            shown = first.name if "marked_text" in first.text else first.text
+            entry.declarations = [headers.Declaration(first.name, first.kind, f"{scope}::{shown}",
+                                                      first.line)]
+            scope = "NULL"
         for value in parts:
             self.count("C++", value)
             if value.said is None and first.name != "item_type":
