@@ -11,6 +11,7 @@ import subprocess
 import sys
 
 import check_links
+import figures
 import headers
 import reference
 import tool
@@ -51,6 +52,7 @@ def main(voxml, work, site):
     (work / "examples").symlink_to(DOCS.parent / "examples")  # which pages show
     counts = write_reference(work, source)
     tool.write(voxml, source)
+    (source / "generated" / "figures.md").write_text("\n".join(figures.tables()))
     run_sphinx(source, work, site)
     faults = check_links.faults(site)
     if faults:
