@@ -22,7 +22,7 @@ nitpick_ignore_regex = [
     (r"c:identifier", r"u?int\d+_t|size_t"),
     (r"cpp:identifier", r"(std|Layer)(::.*)?|.*_t|T|Text|Traits|Edit|Predicate|Parts|Name|List|XML_.*|vo[A-Z].*"),
     # What deduces types in voxml.hpp, and is no concern of callers.
-    (r"cpp:identifier", r"(voxml::)?detail(::.*)?|kind|kept|name_arg|name_view|item_type|voxml|voxml::ns|iterator|sentinel|VO_CHARSET_\w+"),
+    (r"cpp:identifier", r"(voxml::)?detail(::.*)?|kind|kept|name_arg|name_view|item_type|voxml|voxml::ns|iterator|sentinel|view_type|VO_CHARSET_\w+"),
 ]
 primary_domain = "cpp"
 highlight_language = "none"

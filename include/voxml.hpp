@@ -2530,7 +2530,9 @@ template <class Layer> class basic_selection {
         basic_selection *range_ = nullptr;
     };
 
+    /** To the node that was found last, the first one to begin with. */
     [[nodiscard]] iterator begin() noexcept VOXML_LIFETIMEBOUND { return iterator(this); }
+    /** Behind the last. */
     [[nodiscard]] sentinel end() const noexcept { return {}; }
 
     /** The node that the iterators stand on; none at the end. */

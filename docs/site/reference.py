@@ -20,12 +20,13 @@ CPP = [
     ("text", "Texts, comments and the like", ["text", "detail::marked_text"],
      ["comment", "cdata", "processing_instruction"]),
     ("view", "Views", ["basic_view", "basic_views"], ["view", "views"]),
+    ("path", "Paths", ["path", "basic_selection"], ["selection"]),
     ("names", "Names and namespaces",
      ["qname", "expanded_name", "qname_arg", "namespace_map", "namespace_mapping"], []),
     ("result", "Results and failures", ["result", "result<void>", "failure", "failure::details",
                                         "location"], ["errc"]),
     ("string", "Strings and bytes", ["string", "string_arg", "buffer"], []),
-    ("import", "Import", ["import_options"], ["import_document"]),
+    ("import", "Import", ["import_options"], ["import_document", "import_file"]),
     ("handle", "What all values have", ["handle", "adopt_t", "detail::list_range"], ["adopt"]),
 ]
 

@@ -61,7 +61,7 @@ def update(path, run):
 
 def main(arguments):
     updating = "--update" in arguments
-    tool = next(each for each in arguments if each != "--update")
+    tool = pathlib.Path(next(each for each in arguments if each != "--update")).resolve()
     environment = dict(os.environ, PATH=f"{tool}:{os.environ['PATH']}")
     faults = []
     for path in pages():
