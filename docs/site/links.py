@@ -22,13 +22,13 @@ class NameLinks(SphinxTransform):
     default_priority = 400
 
     def apply(self, **kwargs):
-        if self.env.docname.startswith("reference/"):
-            return
+        if not self.env.doc2path(self.env.docname).endswith(".md"):
+            return  # reStructuredText is made by reference.py, with its references in it
         for literal in list(self.document.findall(nodes.literal)):
             text = literal.astext()
             inside = isinstance(literal.parent, (nodes.reference, addnodes.pending_xref))
-            if inside or not PLAIN.fullmatch(text) or "classes" in literal and literal["classes"]:
-                continue
+            if inside or literal["classes"] or not PLAIN.fullmatch(text):
+                continue  # {code}`...` is for names of others
             target = self.config.voxml_names.get(text.removesuffix("()"))
             if target and (target[1] == "func") == text.endswith("()"):
                 literal.replace_self(self.reference(literal, *target))
