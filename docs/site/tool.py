@@ -7,6 +7,7 @@ import re
 import subprocess
 
 ITEM = re.compile(r" {2,6}(\S.*?)(?:  +(\S.*))?")
+HEADING = re.compile(r"[A-Z]\w+(?: \w+)?:")
 MEANING_COLUMN = 12  # a line that begins there or behind goes on with a meaning
 
 
@@ -18,7 +19,7 @@ def blocks(text):
     """The blocks of a help text, between blank lines: a heading or "", and its lines."""
     for block in re.split(r"\n\s*\n", text.strip("\n")):
         lines = block.split("\n")
-        if re.fullmatch(r"\S.*:", lines[0]) and len(lines) > 1:
+        if HEADING.fullmatch(lines[0]) and len(lines) > 1:
             yield lines[0].removesuffix(":"), lines[1:]
         else:
             yield "", lines
@@ -54,9 +55,9 @@ def marked(heading, lines):
         for name, meaning in items(lines):
             found += [f"`{name}`", f": {escaped(meaning)}", ""]
         return found
-    if all(line.startswith("  ") for line in lines):
-        return ["```text", *(line[2:] for line in lines), "```"]
-    return [escaped(" ".join(lines))]
+    text = [line for line in lines if not line.startswith("  ")]
+    code = [line[2:] for line in lines if line.startswith("  ")]
+    return [escaped(" ".join(text)), *(["", "```text", *code, "```"] if code else [])]
 
 
 def page(voxml, command, part):
