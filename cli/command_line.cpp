@@ -127,6 +127,12 @@ class CommandLine {
         sub->footer("Says nothing when all is well. An error comes with its place, the line there "
                     "and, where one is known, a hint.\n"
                     "\n"
+                    "Without --strict it takes what voxml itself reads, though others refuse it: "
+                    "several root elements or none, text beside them, control characters, "
+                    "references to entities that are not declared, white space in front of the "
+                    "XML declaration. --ns tells of prefixes that are not declared, with --strict "
+                    "as well.\n"
+                    "\n"
                     "  voxml check -r -j0 FOLDER    all XML files in a folder, on all processors");
     }
 
@@ -344,7 +350,7 @@ class CommandLine {
 
     void output(CLI::App *sub) {
         sub->add_flag("--no-declaration", request.noDeclaration, "Leave out the XML declaration");
-        sub->add_option("-o,--output", request.output, "Write to this file, whole or not at all")
+        sub->add_option("-o,--output", request.output, "Write to this file, whole or not at all; - is standard output")
             ->option_text("FILE")
             ->check([](const std::string &path) {
                 return std::string(path.empty() ? "the name of a file is empty" : "");

@@ -1,8 +1,11 @@
 #include "deliver.hpp"
 
+#include "files.hpp"
 #include "misfit.hpp"
 
 #include <algorithm>
+
+#include <unistd.h>
 
 namespace tool {
 
@@ -44,12 +47,12 @@ Status deliver(const Request &request, const Input &input, XML_DOCUMENT *documen
 
 Status deliver(const Request &request, const Input &input, voBuffer *bytes) {
     const std::string &path = request.inPlace ? input.path : request.output;
-    if (path.empty() || path == "-") {
-        writeOut({reinterpret_cast<const char *>(voBufferBacking(bytes)),
-                  static_cast<size_t>(voBufferLength(bytes))});
-        return fine;
-    }
-    const int error = voFileReplace(path.c_str(), bytes);
+    const std::string_view text{reinterpret_cast<const char *>(voBufferBacking(bytes)),
+                                static_cast<size_t>(voBufferLength(bytes))};
+    const int descriptor = path.empty() || path == "-" ? STDOUT_FILENO : descriptorNamed(path);
+    if (descriptor == STDOUT_FILENO) return writeOut(text), fine;
+    const int error =
+        descriptor >= 0 ? writeAll(descriptor, text) : voFileReplace(path.c_str(), bytes);
     return error ? reportFile(path, "cannot be written", error) : fine;
 }
 

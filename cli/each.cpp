@@ -3,17 +3,29 @@
 #include "charset.hpp"
 #include "files.hpp"
 #include "inorder.hpp"
+#include "strict.hpp"
+#include "unresolved.hpp"
 
 #include <algorithm>
 #include <cerrno>
 
 namespace tool {
 
+/// The words of a list.
+static std::string joined(const std::vector<std::string> &words) {
+    std::string all;
+    for (const std::string &word : words)
+        all += (all.empty() ? "" : " or ") + shown(std::string_view(word));
+    return all;
+}
+
 Inputs inputsOf(const Request &request) {
     if (!request.recursive) return {request.files};
     Inputs inputs = inFolders(request.files, request.patterns);
     if (!inputs.files.empty() || inputs.status != fine) return inputs;
-    report({request.files.front(), {}, "no file in it has a name that is asked for", {}, {}}, {});
+    report(
+        {request.files.front(), {}, "no file in it is called " + joined(request.patterns), {}, {}},
+        {});
     inputs.status = fileTrouble;
     return inputs;
 }
@@ -46,13 +58,32 @@ static void noteUnknownEncoding(const Input &input, XML_DOCUMENT *document) {
            {});
 }
 
+/// Tells that what was imported is not read by others without its DOCTYPE, which is gone.
+static void noteUnresolved(const Input &input, XML_DOCUMENT *document) {
+    if (!firstUnresolved(document)) return;
+    const Decoded placed = decode(input.bytes, {.locations = true, .import = true});
+    const auto found = firstUnresolved(placed.document);
+    report({input.name,
+            found->place,
+            shown(found->reference) + " is not declared in the document itself",
+            {},
+            "nothing else is read, so that such references stay as they are; other readers refuse "
+            "them without the DOCTYPE",
+            Severity::note},
+           chars(textOf(input)));
+}
+
 Status forEachDecoded(const Request &request, const Inputs &inputs,
                       const std::function<Status(const Input &, Decoded &)> &handle,
                       Refuse refuseOne) {
     return forEach(request, inputs, [&](const Input &input) {
         Decoded decoded = decode(input.bytes, wishOf(request));
-        if (decoded.failure) return refuseOne(request, input, *decoded.failure);
-        if (!request.import && !request.quiet) noteUnknownEncoding(input, decoded.document);
+        if (decoded.failure) {
+            const bool isMalformed = request.import && !decoded.document;
+            return (isMalformed ? refuseImport : refuseOne)(request, input, *decoded.failure);
+        }
+        if (!request.quiet)
+            (request.import ? noteUnresolved : noteUnknownEncoding)(input, decoded.document);
         return handle(input, decoded);
     });
 }

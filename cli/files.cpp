@@ -1,6 +1,7 @@
 #include "files.hpp"
 
 #include <cerrno>
+#include <charconv>
 #include <csignal>
 
 #include <fcntl.h>
@@ -22,6 +23,19 @@ int readFile(const std::string &path, Ref<voBuffer> &contents) {
     contents = Ref(path == "-" ? voFileTryReadDescriptor(STDIN_FILENO, &error)
                                : voFileTryRead(path.c_str(), &error));
     return error;
+}
+
+int descriptorNamed(std::string_view path) {
+    if (path == "/dev/stdout") return STDOUT_FILENO;
+    if (path == "/dev/stderr") return STDERR_FILENO;
+    for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
+        int number = -1;
+        if (!path.starts_with(folder)) continue;
+        const char *end = path.data() + path.size();
+        const auto read = std::from_chars(path.data() + folder.size(), end, number);
+        if (read.ec == std::errc() && read.ptr == end) return number;
+    }
+    return -1;
 }
 
 int writeAll(int descriptor, std::string_view bytes) {

@@ -15,6 +15,10 @@ void prepareStreams();
 /// Reads a whole file, or standard input for "-".
 [[nodiscard]] int readFile(const std::string &path, Ref<voBuffer> &contents);
 
+/// The open descriptor that a path such as /dev/stdout or /dev/fd/3 names, or -1. What stands
+/// behind it must not be replaced as a file is.
+int descriptorNamed(std::string_view path);
+
 /// Writes everything.
 [[nodiscard]] int writeAll(int descriptor, std::string_view bytes);
 

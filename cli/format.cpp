@@ -31,7 +31,10 @@ static Status refuseLayout(const Input &input, voBuffer *laidOut) {
 
 Status format(const Request &request) {
     const Inputs inputs = inputsOf(request);
-    const std::string why = request.check ? "" : whyNoOutput(request, inputs.files);
+    const bool isWritten = request.inPlace || !request.output.empty();
+    const std::string why = !request.check ? whyNoOutput(request, inputs.files)
+                            : isWritten    ? "--check writes nothing; leave out -i and -o"
+                                           : "";
     if (!why.empty()) {
         reportUsage("voxml format", why);
         return wrongUsage;

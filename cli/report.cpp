@@ -98,7 +98,8 @@ static std::string heading(const Diagnostic &diagnostic, const Painter &painter)
     const std::string label = std::string(nameOf(diagnostic.severity)) + ":";
     const bool isError = diagnostic.severity == Severity::error;
     std::string line = painter.bold(where) + " " +
-                       (isError ? painter.red(label) : painter.cyan(label)) + " " + diagnostic.text;
+                       (isError ? painter.red(label) : painter.magenta(label)) + " " +
+                       diagnostic.text;
     if (!diagnostic.code.empty()) line += " [" + diagnostic.code + "]";
     return line + "\n";
 }
@@ -111,7 +112,8 @@ void report(const Diagnostic &diagnostic, Chars text) {
     const auto &place = diagnostic.place;
     if (place && static_cast<size_t>(place->offset) <= text.size())
         message += excerpt(text, *place, columns(STDERR_FILENO));
-    if (!diagnostic.hint.empty()) message += painter.cyan("hint:") + " " + diagnostic.hint + "\n";
+    if (!diagnostic.hint.empty())
+        message += painter.magenta("hint:") + " " + diagnostic.hint + "\n";
     writeError(message);
 }
 

@@ -161,4 +161,12 @@ Status checkStrictly(const Request &request, const Input &input) {
     return request.quiet ? refused : refuseAll(input, verdict);
 }
 
+Status refuseImport(const Request &request, const Input &input, const Failure &failure) {
+    if (request.quiet) return refused;
+    const Verdict verdict = judge(bytesOf(input.bytes), nullptr);
+    const bool isKnown = verdict.code != XML_ERROR_NONE && !verdict.hasDoctype &&
+                         verdict.code != XML_ERROR_UNKNOWN_ENCODING;
+    return isKnown ? refuseAll(input, verdict) : refuse(request, input, failure);
+}
+
 } // namespace tool

@@ -10,4 +10,7 @@ namespace tool {
 /// the decoder.
 Status checkStrictly(const Request &request, const Input &input);
 
+/// Reports why an input cannot be imported, with all errors where they are the document's own.
+Status refuseImport(const Request &request, const Input &input, const Failure &failure);
+
 } // namespace tool

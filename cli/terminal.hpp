@@ -19,7 +19,7 @@ enum class Colors {
 /// What every painter made from now on does.
 void setColors(Colors colors);
 
-/// Puts colours around texts for `descriptor`.
+/// Puts colours around texts for `descriptor`: those that can be read on white and on black.
 class Painter {
   public:
     explicit Painter(int descriptor);
@@ -28,7 +28,7 @@ class Painter {
     std::string dim(std::string_view text) const { return paint("2", text); }
     std::string red(std::string_view text) const { return paint("1;31", text); }
     std::string green(std::string_view text) const { return paint("32", text); }
-    std::string cyan(std::string_view text) const { return paint("36", text); }
+    std::string magenta(std::string_view text) const { return paint("35", text); }
 
   private:
     std::string paint(std::string_view style, std::string_view text) const;

@@ -65,9 +65,7 @@ class Printer {
         visitAttributes(print, cursor);
     }
 
-    std::string quoted(XML_UTF8 text) const {
-        return painter.green("\"" + shown(view(text)) + "\"");
-    }
+    std::string quoted(XML_UTF8 text) const { return "\"" + shown(view(text)) + "\""; }
 
     /// Below a certain depth the lines tell theirs instead of being indented further, since
     /// otherwise the output would grow with its square.
@@ -81,7 +79,7 @@ class Printer {
               std::optional<Place> place) {
         constexpr size_t enough = 1 << 16;
         indent(depth);
-        pending += painter.cyan(kind) + " " + detail;
+        pending += painter.magenta(kind) + " " + detail;
         if (place && showLocations)
             pending += painter.dim("  " + std::to_string(place->line) + ":" +
                                    std::to_string(place->column));

@@ -351,6 +351,16 @@ class Importing(ToolTest):
         self.expect(["import", "-i", "a.xml"], 0)
         self.expect(["canonical", "a.xml"], 0, written)
 
+    def test_references_to_what_only_the_doctype_may_have_declared_are_noted(self):
+        self.put("a.xml", b"<!DOCTYPE a SYSTEM 'x'>\n<a b='&c;'>&d;</a>")
+        note = ("a.xml:2:4: note: &c; is not declared in the document itself\n"
+                "<a b='&c;'>&d;</a>\n   ^\n"
+                "hint: nothing else is read, so that such references stay as they are; other "
+                "readers refuse them without the DOCTYPE\n")
+        self.expect(["import", "a.xml"], 0, stderr=note, output=
+                    b'<?xml version="1.0" encoding="UTF-8"?><a b="&c;">&d;</a>')
+        self.expect(["check", "--import", "-q", "a.xml"], 0)
+
     def test_a_character_that_does_not_fit_need_not_stand_in_the_text(self):
         for content in "<a>\u20ac</a>".encode("utf-16"), b"<a>&#x20AC;</a>":
             with self.subTest(content):
@@ -361,6 +371,11 @@ class Importing(ToolTest):
 
     def test_what_is_not_well_formed_has_a_place_and_the_line(self):
         self.put("a.xml", b"<a>\n  <b></a>")
+        self.expect(["import", "a.xml"], 1,
+                    stderr="a.xml:2:6: error: mismatched opening/closing XML tags "
+                    f"[{CODE}TAG_MISMATCH]\n  <b></a>\n     ^\n"
+                    "hint: the open element is <b> of line 2, column 3\n")
+        self.put("a.xml", b"<!DOCTYPE a><a>\n  <b></a>")
         self.expect(["import", "a.xml"], 1,
                     stderr="a.xml:2:8: error: mismatched tag\n  <b></a>\n       ^\n")
         self.expect(["check", "--import", "--ns"], 1, stdin=b"<p:a/>", stderr="<stdin>:1:1: error: "
@@ -386,7 +401,7 @@ class Many(ToolTest):
         self.assertEqual(re.findall(rb"^(\S+?):2:1: ", result.stderr, re.M),
                          [b"d/e/x.svg", b"d/e/y.xml"])
         self.expect(["check", "-r", "--name", "z", "d"], 3,
-                    stderr="d: error: no file in it has a name that is asked for\n")
+                    stderr="d: error: no file in it is called z\n")
         self.expect(["check", "-r", "d/none"], 3,
                     stderr="d/none: error: cannot be read: No such file or directory\n")
 
@@ -509,6 +524,8 @@ class Writing(ToolTest):
         self.addCleanup(os.close, reader)
         self.expect(["canonical", "-o", "fifo", "a.xml"], 0)
         self.assertEqual(os.read(reader, 1000), self.CANONICAL)
+        self.expect(["canonical", "-o", "/dev/stderr", "a.xml"], 0,
+                    stderr=self.voxml("canonical", "a.xml").stdout.decode())
         self.expect(["canonical", "-o", "/dev/full", "a.xml"], 3,
                     stderr="/dev/full: error: cannot be written: No space left on device\n")
 
