@@ -143,11 +143,11 @@ def declaration(member):
                        member.find("location").get("file").endswith(".hpp"))
 
 
-def enumerators(member, text):
-    return [Entry([Declaration(value.findtext("name"), "enumvalue",
-                               " ".join((value.findtext("name"), words(value.find("initializer")))).strip(),
-                               line_of(member))], said_of(value))
-            for value in member.findall("enumvalue")]
+def enumerators(member):
+    for value in member.findall("enumvalue"):
+        name = value.findtext("name")
+        text = f"{name} {words(value.find('initializer'))}".strip()
+        yield Entry([Declaration(name, "enumvalue", text, line_of(member))], said_of(value))
 
 
 def is_public(member):
@@ -165,10 +165,10 @@ def fields(folder, member):
             for entry in block.entries]
 
 
-def blocks(folder, node, source=None):
-    """The blocks of a file or class, in the order of the source."""
-    lines = source if source is not None else \
-        (INCLUDE / node.find("location").get("file")).read_text().splitlines()
+def blocks(folder, node, file=None):
+    """The blocks of a file, class or namespace, in the order of the source; a namespace does not
+    tell its file."""
+    lines = (INCLUDE / (file or node.find("location").get("file"))).read_text().splitlines()
     found = []
     for section in node.findall("sectiondef"):
         title = (section.findtext("header") or "").replace("@{", "").strip()
@@ -188,14 +188,13 @@ def blocks(folder, node, source=None):
 def entries_of(folder, members, lines, group_said):
     entries = []
     for member in members:
-        said, entry = said_of(member), None
-        own = declaration(member)
+        said, own = said_of(member), declaration(member)
         if not said and entries and shares(entries[-1], own, lines):
             entries[-1].declarations.append(own)
             continue
         entry = Entry([own], said)
         if own.kind == "enum":
-            entry.parts = enumerators(member, lines)
+            entry.parts = list(enumerators(member))
         elif own.kind == "typedef":
             entry.parts = fields(folder, member)
             if entry.parts:

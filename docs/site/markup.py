@@ -35,13 +35,13 @@ class Names:
         is_function = target.role == "func"
         return target if is_function == word.endswith("()") else None
 
-    def reference(self, word, shown=None):
-        """A cross-reference, or the escaped word itself."""
+    def reference(self, word):
+        """A cross-reference, or None where the word refers to nothing."""
         target = self.find(word)
         if not target:
             return None
         role = f"{target.domain}:{target.role}" if target.domain else target.role
-        return f":{role}:`{shown or word} <{target.name}>`"
+        return f":{role}:`{word} <{target.name}>`"
 
 
 class Writer:
@@ -58,8 +58,8 @@ class Writer:
                 and self.names.reference(match[0])
             if link:
                 before, after = text[end:match.start()], text[match.end():match.end() + 1]
-                pieces += [SPECIAL.sub(r"\\\1", before), r"\ " if before and not before[-1].isspace() else "",
-                           link, r"\ " if after and not after.isspace() else ""]
+                pieces += [SPECIAL.sub(r"\\\1", before), separator(before[-1:]), link,
+                           separator(after)]
                 end = match.end()
         return "".join(pieces) + SPECIAL.sub(r"\\\1", text[end:])
 
@@ -68,40 +68,24 @@ class Writer:
         """Not a plain English word, which may happen to be the name of something."""
         return word.endswith(("()", ".h")) or "::" in word or re.match(r"(XML|VO)_|vo[A-Z]", word)
 
-    def inline(self, node):
-        text = self.inline_text(node.text or "")
-        for child in node:
-            if child.tag == "computeroutput":
-                code = headers.words(child)
-                text += self.names.reference(code) or f"``{code}``"
-            elif child.tag in ("emphasis", "bold"):
-                text += self.inline(child)
-            elif child.tag == "ndash":
-                text += "--"
-            elif child.tag not in ("itemizedlist", "verbatim", "simplesect", "parameterlist",
-                                   "programlisting"):
-                text += self.inline(child)
-            text += self.inline_text(child.tail or "")
-        return re.sub(r"\s+", " ", text)
-
     def paragraph(self, node):
         """The blocks of a paragraph: doxygen puts lists and code into the one before."""
         text = self.inline_text(node.text or "")
         for child in node:
             block = self.block(child)
             if block is None:
-                text += self.inline_of(child) + self.inline_text(child.tail or "")
+                text += self.inline(child) + self.inline_text(child.tail or "")
                 continue
             yield clean(text)
             yield from block
             text = self.inline_text(child.tail or "")
         yield clean(text)
 
-    def inline_of(self, child):
-        if child.tag == "computeroutput":
-            code = headers.words(child)
-            return self.names.reference(code) or f"``{code}``"
-        return self.inline(child)
+    def inline(self, node):
+        if node.tag == "computeroutput":
+            word = headers.words(node)
+            return self.names.reference(word) or f"``{word}``"
+        return self.inline_text(headers.words(node))
 
     def block(self, node):
         """The lines of a block, or None for what stands in a line."""
@@ -128,6 +112,11 @@ class Writer:
         return "\n\n".join(found)
 
 
+def separator(neighbour):
+    """What reStructuredText needs between a reference and a character that is no blank."""
+    return r"\ " if neighbour and not neighbour.isspace() else ""
+
+
 def clean(text):
     return re.sub(r"\s+", " ", text).strip()
 
@@ -142,7 +131,9 @@ def text_of_code(node):
 def code(text):
     lines = text.strip("\n").rstrip().splitlines()
     least = min((len(line) - len(line.lstrip()) for line in lines if line.strip()), default=0)
-    language = "cpp" if re.search(r"\bauto |::", text) else "c" if re.search(r";\s*$", text, re.M) else "text"
+    language = "text"
+    if re.search(r";\s*$", text, re.MULTILINE):
+        language = "cpp" if re.search(r"\bauto |::", text) else "c"
     return f".. code-block:: {language}\n\n" + indented("\n".join(l[least:] for l in lines), 3)
 
 

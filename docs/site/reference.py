@@ -1,6 +1,6 @@
 """The reference: a page for each C header and for each part of voxml.hpp, from headers.py.
 
-What is public and undocumented is a fault; faults() tells.
+What is public and undocumented is one of its faults.
 """
 import json
 import re
@@ -11,7 +11,8 @@ from markup import Names, Target, Writer, heading, indented
 # The parts of voxml.hpp: file name, title, classes, and other names. What stands here nowhere comes to
 # a page at the end.
 CPP = [
-    ("document", "Documents", ["basic_document", "decode_options", "encode_options", "layout"], ["document"]),
+    ("document", "Documents", ["basic_document", "decode_options", "encode_options", "layout"],
+     ["document"]),
     ("element", "Elements", ["basic_element", "basic_attr"], ["element", "attr"]),
     ("attributes", "Attributes", ["basic_attribute", "basic_attributes"],
      ["attribute", "attributes"]),
@@ -37,6 +38,8 @@ C_DIRECTIVES = {"function": "function", "define": "macro", "typedef": "type",
                 "enumvalue": "enumerator", "struct": "struct", "variable": "member"}
 CPP_DIRECTIVES = {"function": "function", "friend": "function", "typedef": "type",
                   "enumvalue": "enumerator", "enum": "enum-class", "variable": "member"}
+
+
 def page_of(header):
     """The page of a header, as other pages name it."""
     return "/reference/" + header.removesuffix(".h").split("/")[1]
@@ -80,20 +83,15 @@ class Reference:
             self.classes[name] = (node, headers.blocks(self.folder, node))
         for space in ("namespacevoxml", "namespacevoxml_1_1ns"):
             node = headers.compound(self.folder, space)
-            source = (headers.INCLUDE / "voxml.hpp").read_text().splitlines()
-            for block in headers.blocks(self.folder, node, source):
+            for block in headers.blocks(self.folder, node, "voxml.hpp"):
                 for entry in block.entries:
                     self.take_free(node, block, entry)
 
     def take_free(self, node, block, entry):
         prefix = "ns::" if node.findtext("compoundname").endswith("::ns") else ""
+        said = entry.said if entry.said is not None else block.said
         for one in entry.declarations:
-            if prefix or one.name.startswith("@"):
-                key = prefix + one.name
-            else:
-                key = one.name
-            said = entry.said if entry.said is not None else block.said
-            self.free.setdefault(key, []).append((one, said, entry.parts, block.title))
+            self.free.setdefault(prefix + one.name, []).append((one, said, entry.parts, block.title))
 
     @staticmethod
     def is_internal(name):
@@ -206,11 +204,12 @@ class Reference:
                   for value in entry.parts]
         return "\n\n".join(parts)
 
-    def directive(self, domain, entry, body, suffix=""):
+    @staticmethod
+    def directive(domain, entry, body):
         kinds = C_DIRECTIVES if domain == "c" else CPP_DIRECTIVES
         kind = kinds[entry.declarations[0].kind]
         start = f".. {domain}:{kind}:: "
-        lines = [one.text + suffix for one in entry.declarations]
+        lines = [one.text for one in entry.declarations]
         text = start + ("\n" + " " * len(start)).join(lines)
         return text + ("\n\n" + indented(body, 3) if body.strip() else "") + "\n"
 
@@ -266,7 +265,8 @@ class Reference:
         said = headers.said_of(node)
         kind = node.get("kind")
         template = headers.template_of(node) or ("template<> " if "<" in name else "")
-        base = ", ".join(self.base(b) for b in node.findall("basecompoundref"))
+        base = ", ".join(headers.tight(headers.words(each))
+                         for each in node.findall("basecompoundref"))
         if said is None:
             self.faults.append(f"voxml.hpp: {name} is not documented")
         shown = name.removeprefix("basic_").removeprefix("detail::")
@@ -275,7 +275,7 @@ class Reference:
         if name.startswith("basic_"):
             title += " (plain and with namespaces)" if shown != "attr" else ""
         body = Writer(self.names).blocks(said)
-        parts = [heading(title, "-"), f".. cpp:namespace:: voxml\n",
+        parts = [heading(title, "-"), ".. cpp:namespace:: voxml\n",
                  f".. cpp:{kind}:: {template}{name}{' : ' + base if base else ''}\n\n"
                  + indented(body, 3) + "\n",
                  f".. cpp:namespace-push:: {template}{name}\n"]
@@ -295,10 +295,6 @@ class Reference:
         return "\n\n".join(part for part in parts if part)
 
     @staticmethod
-    def base(node):
-        return headers.tight(headers.words(node))
-
-    @staticmethod
     def is_shown(name, entry):
         """Copying, moving and comparing go without saying where nothing is said of them; so do the
         constructors that come from a base."""
@@ -306,10 +302,9 @@ class Reference:
         own = name.split("::")[-1].split("<")[0]
         if first.name == "handle" and own != "handle":
             return False
-        copies = re.fullmatch(r"(?:explicit )?" + own + r"\((?:const )?" + own + r" &&?\w*\).*", first.text)
-        silent = entry.said is None
-        return not (silent and (copies or first.name.startswith("operator=") or
-                                first.name in ("operator!=",)))
+        copies = re.fullmatch(rf"(?:explicit )?{own}\((?:const )?{own} &&?\w*\).*", first.text)
+        return entry.said is not None or not (
+            copies or first.name == "operator!=" or first.name.startswith("operator="))
 
     def cpp_entry(self, name, entry, shared):
         said = entry.said if entry.said is not None else shared
@@ -346,13 +341,14 @@ class Reference:
         spaces = [h for h in self.files if h.startswith("xml/xml_ns_")]
         plain = [h for h in self.files if h not in runtime + spaces]
         for name, files in (("runtime", runtime), ("namespaces", spaces), ("plain", plain)):
-            rows = [f"   * - :doc:`{h} <{page_of(h)}>`\n     - {self.first_sentence(h)}" for h in files]
+            rows = [f"   * - :doc:`{h} <{page_of(h)}>`\n     - {self.first_sentence(h)}"
+                    for h in files]
             hidden = "\n".join(f"   {page_of(h)}" for h in files)
             (target / f"{name}.inc").write_text(
                 f".. toctree::\n   :hidden:\n\n{hidden}\n\n.. list-table::\n   :widths: 35 65\n\n"
                 + "\n".join(rows) + "\n")
-        (target / "cpp.inc").write_text(
-            ".. toctree::\n   :maxdepth: 2\n\n" + "\n".join(f"   cpp-{page[0]}" for page in self.cpp_pages) + "\n")
+        pages = "\n".join(f"   cpp-{page[0]}" for page in self.cpp_pages)
+        (target / "cpp.inc").write_text(f".. toctree::\n   :maxdepth: 2\n\n{pages}\n")
 
     def first_sentence(self, header):
         said = headers.said_of(self.files[header][0])
