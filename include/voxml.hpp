@@ -15,14 +15,19 @@
  *    only be assigned and destroyed.
  *  - What may be absent is a std::optional or an empty range.
  *  - Strings go in as UTF-8 or as the library's own. What a tree cannot hold is an error in a
- * `result`; then nothing has changed. Names that no tree holds are found nowhere.
+ *    result; then nothing has changed. Names that no tree holds are found nowhere. Trees hold and
+ *    write control characters and line ends as they are, though other readers refuse the former and
+ *    read line ends as LF.
  *  - Attribute and text values are plain characters; what deals in the escaped form, as it stands
  *    between markup, says `escaped`.
  *  - Indexes count from 0; one outside a list ends the process.
  *  - Threads may read, copy and destroy values that share parts. One variable is for one thread at
  *    a time as soon as one of them changes it.
  *
- *  The plain tree is in namespace voxml, the one with resolved names in voxml::ns. */
+ *  The plain tree is in namespace voxml, the one with resolved names in voxml::ns. To read and to
+ *  build, take voxml::ns where there are namespaces. To change a document that people wrote, so
+ *  that each prefix stays as it stands, take the plain tree: there a declaration is the attribute
+ *  `xmlns` or `xmlns:p`, and giving it another value moves all names below. */
 #ifndef VOXML_HPP
 #define VOXML_HPP
 
@@ -67,7 +72,7 @@ namespace voxml {
 /** What went wrong. */
 enum class errc {
     // The document is refused.
-    charset,                ///< See XML_DECODE_ERROR_CODE_CHARSET.
+    charset,                ///< See XML_DECODE_ERROR_CODE_CHARSET; a missing declaration as well.
     xml_declaration,        ///< See XML_DECODE_ERROR_CODE_XML_DECLARATION.
     doctype,                ///< See XML_DECODE_ERROR_CODE_DOCTYPE.
     tag,                    ///< See XML_DECODE_ERROR_CODE_TAG.
@@ -96,7 +101,8 @@ enum class errc {
     bad_processing_instruction, ///< See xmlValueProcessingInstructionValueOk().
     bad_version,                ///< See xmlValueVersionNumOk().
 
-    charset_too_small, ///< The document's character set lacks a character of the text.
+    charset_too_small, ///< The document's character set lacks a character of the text. All lack
+                       ///< surrogates, for which references in attribute values may stand.
     file,              ///< The system refuses a file; see failure::system_error().
     not_well_formed,   ///< import_document() refuses the text.
     bad_path,          ///< No path, see xml/xml_path.h.
@@ -230,7 +236,8 @@ std::optional<Value> optional_of(typename Value::native_type *reference) noexcep
 
 } // namespace detail
 
-/** A string of the library, immutable. Compares with UTF-8 without an allocation. */
+/** A string of the library, immutable. Compares with UTF-8 without an allocation; str() is the one
+ *  to join with others or to replace by a default. */
 class string : public handle<voString> {
   public:
     using handle::handle;
@@ -623,7 +630,8 @@ class text : public handle<XML_TEXT> {
 /** @} */
 
 /** A name in a tree with namespaces, as views give it: a local name and the name of its namespace,
- *  which is empty for none. Refers to strings that it does not keep. */
+ *  which is empty for none. Refers to strings that it does not keep; a map that outlives the view
+ *  takes keys of its own strings, such as a pair of std::string. */
 struct qname {
     std::string_view ns, local;
 
@@ -666,7 +674,8 @@ struct expanded_name {
 };
 
 /** A name in a tree with namespaces as a parameter: `"local"`, `{ns, "local"}`, or a name that a
- *  tree gave. An empty namespace stands for none. Refers to what it was made from. */
+ *  tree gave. An empty namespace stands for none. Refers to what it was made from. The braces are
+ *  needed: make("u", "r") is an element u without a namespace that holds the text r. */
 struct qname_arg {
     string_arg ns, local;
 
@@ -876,7 +885,8 @@ inline result<buffer> encode(handle<XML_DOCUMENT> doc, const encode_options &wan
 } // namespace detail
 
 /** A namespace declaration: a prefix, or none for the default namespace, bound to the name of a
- *  namespace, or to none. See xml/xml_ns_namespace_mapping.h. */
+ *  namespace, or to none. It does not change; make() another one. See
+ *  xml/xml_ns_namespace_mapping.h. */
 class namespace_mapping : public handle<XML_NS_NAMESPACE_MAPPING> {
   public:
     using handle::handle;
@@ -1477,7 +1487,10 @@ template <class Layer> class basic_items : public handle<typename Layer::items_t
 /** The child elements of an element, all or those of one name: a forward range of values. */
 template <class Layer> class basic_elements {
   public:
-    basic_elements(basic_element<Layer> parent, std::optional<typename Layer::name_arg::kept> name)
+    /** All of them. */
+    explicit basic_elements(basic_element<Layer> parent) : parent_(std::move(parent)) {}
+    /** Those of a name. */
+    basic_elements(basic_element<Layer> parent, typename Layer::name_arg::kept name)
         : parent_(std::move(parent)), name_(std::move(name)) {}
 
     /** Whether there is none. */
@@ -1567,8 +1580,8 @@ template <class Edit, class Element>
 edited<Edit, Element, bool> apply(Edit &edit, Element &element) {
     static_assert(
         std::is_invocable_v<Edit &, Element &> && !std::is_invocable_v<Edit &, Element>,
-        "the function is called with an element and must take it as `element &`: whatever "
-        "it does to a copy is lost");
+        "the function is called with an element of this tree, of voxml or of voxml::ns, and must "
+        "take it as `element &`: whatever it does to a copy is lost");
     using given = given_by<Edit, Element>;
     if constexpr (std::is_void_v<given>) {
         edit(element);
@@ -1682,7 +1695,7 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         return Layer::element_items_length(this->get());
     }
     /** The child elements, all or those of a name. */
-    [[nodiscard]] basic_elements<Layer> elements() const { return {*this, std::nullopt}; }
+    [[nodiscard]] basic_elements<Layer> elements() const { return basic_elements<Layer>(*this); }
     [[nodiscard]] basic_elements<Layer> elements(const name_arg &name) const {
         return {*this, name.keep()};
     }
@@ -1747,14 +1760,16 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
      *  `edit(element)` is called with elements that were moved out of their parents for the time,
      *  so that whatever nobody else holds is changed where it is: a change copies neither brothers
      *  nor parents and takes time that does not grow with their number. The function takes
-     *  `element &` and must leave an element in the variable. While it runs, an empty text stands
-     * in the element's place, and that text must stay where it is: otherwise the process ends when
-     * the element is put back. What is appended to the parent meanwhile stays, and edit_children()
-     * visits it.
+     *  `element &` and must leave an element in the variable; a moved-from one ends the process.
+     * Where it throws, the element is put back, and what was changed stays changed. While it runs,
+     * an empty text stands in the element's place, and that text must stay where it is: otherwise
+     * the process ends when the element is put back. What is appended to the parent meanwhile
+     * stays, and edit_children() visits it.
      *
      *  These give whether there was such an element, or how many. One for which the function gives
-     *  false or 0, as these do, does not count. Where the function gives a `result`, these do too;
-     *  the first failure ends the work, and what was changed before stays changed. @{ */
+     *  false or 0, as these do, or a result of these, does not count. Where the function gives a
+     * `result`, these do too; the first failure ends the work, and what was changed before stays
+     * changed. @{ */
 
     /** The child element at `index` among the items, if one is there. An index outside the items
      *  ends the process. */
@@ -1785,8 +1800,10 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         }
         return count;
     }
-    /** This element and every one below at any depth, without recursion, each before those below
-     * it; elements that the function adds below the one it is given are visited, too. */
+    /** This element and every one below at any depth, without recursion, each before those below.
+     *  Elements that the function adds below the one it is given are visited, too. It is not told
+     *  where the element lies: who must know what is around it goes down with take_at() and set(),
+     *  with a stack of elements and indexes. */
     template <class Edit> detail::edited<Edit, basic_element, std::int64_t> edit_all(Edit &&edit) {
         std::int64_t count = 0;
         descent way(*this);
@@ -1968,7 +1985,9 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         } else if constexpr (std::is_convertible_v<const Part &, item_type>) {
             Layer::element_append_item(this->address(), item_type(part).get());
         } else {
-            static_assert(detail::is_range<Part>::value, "this cannot be put into an element");
+            static_assert(detail::is_range<Part>::value,
+                          "this cannot be put into an element; of a view, find its element by "
+                          "child() and elements()");
             for (const auto &each : part)
                 if (auto done = add(each); !done) return done;
         }
@@ -2606,8 +2625,13 @@ struct import_options {
 
 /** Reads any well-formed XML 1.0 document as xmlDocumentTryImport() does, for programs that link
  *  voxml::import too. Whatever decoding refuses a document for, this may take it. Where both refuse
- *  it, the failure of decoding has a hint, and that of this always has a place. The document type
- *  declaration is gone then. document::resolve() gives the tree with namespaces. */
+ *  it, they may do so for different faults: with errc::charset and errc::doctype decoding has not
+ *  looked at the rest, so this failure tells more; otherwise that of decoding does, with a hint.
+ *  The document type declaration is gone then. document::resolve() gives the tree with namespaces.
+ *
+ *  Characters that the document's character set lacks, and CR, stand as references in texts, which
+ *  decoding refuses once they are written, in whatever document or character set. To be rid of
+ *  them, replace texts by text::make() of their value(). */
 inline result<document> import_document(const buffer &xml, const import_options &wanted = {}) {
     const auto start = detail::beginning(wanted.source);
     const XML_IMPORT_OPTIONS options = {wanted.locations, wanted.most_expanded,
