@@ -15,6 +15,7 @@
 #include "xml/xml_document_decode.h"
 #include "xml/xml_document_encode.h"
 #include "xml/xml_document_file.h"
+#include "xml/xml_edit.h"
 #include "xml/xml_element.h"
 #include "xml/xml_flags.h"
 #include "xml/xml_format.h"

@@ -86,6 +86,14 @@ class Cursor {
     /// The text of the outline that is kept as long as the cursor.
     XML_UTF8 keptText();
 
+    /// The node must be a record or the document of one.
+    RecordPlace record() {
+        VO_ASSERT(!object || kind == XML_CURSOR_TYPE_DOCUMENT);
+        const Outline *kept = keptOutline();
+        VO_ASSERT(kept);
+        return {kept, object ? Outline::root : records.current()};
+    }
+
     bool wasExact() const { return nameText.isExact() && nsText.isExact() && valueText.isExact(); }
 
     /// False where no location was recorded.
@@ -141,6 +149,7 @@ class Cursor {
     [[gnu::noinline]] void standOnParent();
 
     template <class Part> bool hold(const Part &part);
+    const Outline *keptOutline();
 
     [[gnu::noinline]] XML_UTF8 nameOfObject();
     [[gnu::noinline]] voString *nsOfObject() const;
@@ -175,14 +184,19 @@ bool Cursor::toFirstChildOfObject() {
     });
 }
 
-XML_UTF8 Cursor::keptText() {
+/// The outline whose text is kept, or null.
+const Outline *Cursor::keptOutline() {
     if (!outline.first() && hasContent())
         inLayer([&](auto layer) { hold(itemsOf(layer)->itemsVector); });
     voObj *kept = outline.first();
-    if (!kept) return noUtf8;
-    const auto *plain = namespaced ? reinterpret_cast<NsOutline *>(kept)->outline
-                                   : reinterpret_cast<Outline *>(kept);
-    return utf8Of({plain->source.text.begin, plain->source.text.end});
+    if (!kept) return nullptr;
+    return namespaced ? reinterpret_cast<NsOutline *>(kept)->outline
+                      : reinterpret_cast<Outline *>(kept);
+}
+
+XML_UTF8 Cursor::keptText() {
+    const Outline *kept = keptOutline();
+    return kept ? utf8Of({kept->source.text.begin, kept->source.text.end}) : noUtf8;
 }
 
 bool Cursor::toFirstAttributeOfObject() {
@@ -376,5 +390,7 @@ int xmlCursorLocation(XML_CURSOR *cursor, int64_t *optionalOffset, int64_t *opti
     if (optionalColumn) *optionalColumn = place.column;
     return 1;
 }
+
+xml::RecordPlace xml::recordOf(XML_CURSOR *cursor) { return VO_READ(cursor)->at.record(); }
 
 bool xml::wasExact(XML_CURSOR *cursor) { return cursor->at.wasExact(); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "source/xml/base/xml_piece.hpp"
+#include "source/xml/outline/xml_outline.hpp"
 #include "xml/xml_cursor.h"
 
 namespace xml {
@@ -13,6 +14,14 @@ bool wasExact(XML_CURSOR *cursor);
 /// The type of the item to which xmlCursorNext() would move; -1 where it would not. The cursor must
 /// stand on an item.
 XML_ITEM_TYPE typeOfNext(XML_CURSOR *cursor);
+
+/// A node of a decoded tree of which no objects are made: its outline, which the cursor keeps, and
+/// the number of its record, or Outline::root for the document.
+struct RecordPlace {
+    const Outline *outline;
+    uint64_t number;
+};
+RecordPlace recordOf(XML_CURSOR *cursor);
 
 inline Piece pieceOf(XML_UTF8 text) {
     const auto *begin = reinterpret_cast<const uint8_t *>(text.bytes);

@@ -88,6 +88,9 @@ class RecordCursor {
 
     XML_ITEM_TYPE type() const { return kind; }
 
+    /// The number of the current record.
+    uint64_t current() const { return number; }
+
     /// Null where there is none.
     Piece name() const {
         const Piece whole = records->names[records.node(number).name];

@@ -1,0 +1,150 @@
+#include "xml/xml_edit.h"
+
+#include "source/vo/vo_array.hpp"
+#include "source/vo/vo_object.hpp"
+#include "source/xml/base/xml_locator.hpp"
+#include "source/xml/cursor/xml_cursor.hpp"
+#include "source/xml/edit/xml_edit_plan.hpp"
+#include "source/xml/edit/xml_splice.hpp"
+#include "xml/xml.h"
+
+#include <algorithm>
+
+using vo::Ref;
+
+namespace {
+
+/// A document as paths look at it, or why there is none.
+struct Decoded {
+    Ref<XML_CURSOR> cursor;
+    Ref<voMessage> failure;
+};
+
+Ref<voMessage> messageOf(XML_DECODE_RESULT *result) {
+    return Ref(xmlDecodeErrorToMessage(Ref(xmlDecodeResultError(result))));
+}
+Ref<voMessage> messageOf(XML_NS_DECODE_RESULT *result) {
+    return Ref(xmlNsDecodeErrorToMessage(Ref(xmlNsDecodeResultError(result))));
+}
+
+Decoded decodeWith(voBuffer *xml, bool namespaces, XML_FLAGS flags) {
+    Ref options(xmlOptionsCreate());
+    xmlOptionsSetFlags(options.edit(), flags);
+    Ref result(xmlDocumentDecode(xml, options, nullptr));
+    if (!xmlDecodeResultHasDocument(result)) return {{}, messageOf(result)};
+    Ref document(xmlDecodeResultDocument(result));
+    if (!namespaces) return {Ref(xmlCursorCreate(document)), {}};
+    Ref nsResult(xmlNsDocumentTryDecode(document));
+    if (xmlNsDecodeResultHasError(nsResult)) return {{}, messageOf(nsResult)};
+    return {Ref(xmlCursorCreateNs(Ref(xmlNsDecodeResultDocument(nsResult)))), {}};
+}
+
+/// Locations are recorded only to tell the place of a failure.
+Decoded decode(voBuffer *xml, bool namespaces) {
+    Decoded decoded = decodeWith(xml, namespaces, 0);
+    return decoded.cursor ? std::move(decoded)
+                          : decodeWith(xml, namespaces, XML_FLAG_DECODE_LOCATION);
+}
+
+Ref<voMessage> messageOf(const char *text, voParserLocation *optionalLocation) {
+    return Ref(voMessageCreateFormatCstr(VO_MESSAGE_ERROR, optionalLocation, text, -1));
+}
+
+Ref<voMessage> messageOf(const xml::EditFault &fault, xml::Piece text) {
+    if (!fault.place) return messageOf(fault.text, nullptr);
+    Ref options(xmlOptionsCreate());
+    xml::Locator locator(text.begin, text.end, xmlOptionsDecodeNlfFlags(options), nullptr);
+    return messageOf(fault.text, Ref(locator.locate(text.begin + *fault.place)));
+}
+
+/// The edits of one document.
+class Editor {
+  public:
+    Editor(voBuffer *input, xml::Edits given, bool seesNamespaces, XML_EDIT_ERROR *optionalError)
+        : bytes(input), edits(given), namespaces(seesNamespaces), error(optionalError) {}
+
+    /// Null where that is not possible.
+    Ref<voBuffer> run(int64_t &selected) {
+        if (const auto fault = xml::checkEdits(edits)) return refuse(*fault, {});
+        Decoded decoded = decode(bytes, namespaces);
+        if (!decoded.cursor)
+            return refuse(XML_EDIT_ERROR_CODE_INPUT, -1, std::move(decoded.failure));
+        vo::Vec<xml::EditTarget> targets = select(decoded.cursor);
+        selected = int64_t(targets.size());
+        if (targets.empty()) return Ref(vo::retained(bytes));
+        const xml::Outline &outline = *xml::recordOf(decoded.cursor).outline;
+        vo::Vec<xml::Replacement> plan;
+        if (const auto fault = xml::planEdits(outline, edits, std::move(targets), plan))
+            return refuse(*fault, outline.source.text);
+        return splice(outline, plan);
+    }
+
+  private:
+    vo::Vec<xml::EditTarget> select(XML_CURSOR *cursor) const {
+        vo::Vec<xml::EditTarget> targets;
+        for (size_t i = 0; i < edits.size(); ++i) {
+            Ref selection(xmlPathSelect(edits[i].path, cursor));
+            while (xmlSelectionNext(selection))
+                targets.push_back(
+                    {xml::recordOf(xmlSelectionCursor(selection)).number, int64_t(i)});
+        }
+        return targets;
+    }
+
+    /// What comes of it must stand for the text that is wanted, and decode.
+    Ref<voBuffer> splice(const xml::Outline &outline, std::span<const xml::Replacement> plan) {
+        const xml::DecodedText &source = outline.source;
+        Ref text = xml::splicedText(source.text, plan);
+        xml::Splice spliced = xml::spliced(bytes, source.charset, source.text, plan);
+        if (!spliced.bytes) return refuseCharset(spliced.misfit);
+        Decoded decoded = decode(spliced.bytes, namespaces);
+        if (!decoded.cursor) return refuseResult(decoded.failure);
+        const xml::Outline &result = *xml::recordOf(decoded.cursor).outline;
+        if (result.source.text.bytes() != xml::pieceOf(text).bytes()) return refuseCharset(-1);
+        return std::move(spliced.bytes);
+    }
+
+    Ref<voBuffer> refuse(XML_EDIT_ERROR_CODE code, int64_t edit, Ref<voMessage> message) {
+        if (error) *error = {code, edit, message.take()};
+        return {};
+    }
+    Ref<voBuffer> refuse(const xml::EditFault &fault, xml::Piece text) {
+        return refuse(fault.code, fault.edit, messageOf(fault, text));
+    }
+    Ref<voBuffer> refuseCharset(int64_t edit) {
+        const char *text =
+            edit >= 0 ? "the character set of the document lacks a character of this"
+                      : "it cannot be told which bytes of the document stand for which characters";
+        return refuse(XML_EDIT_ERROR_CODE_CHARSET, edit, messageOf(text, nullptr));
+    }
+    Ref<voBuffer> refuseResult(voMessage *failure) {
+        Ref location(voMessageLocation(failure));
+        return refuse(XML_EDIT_ERROR_CODE_RESULT, -1,
+                      Ref(voMessageCreateFormatCstr(VO_MESSAGE_ERROR, location,
+                                                    "the edited document is not acceptable: %~s",
+                                                    -1, voMessageText(failure))));
+    }
+
+    voBuffer *const bytes;
+    const xml::Edits edits;
+    const bool namespaces;
+    XML_EDIT_ERROR *const error;
+};
+
+} // namespace
+
+voBuffer *xmlDocumentTryEdit(voBuffer *xml, const XML_EDIT *edits, int64_t count, int namespaces,
+                             int64_t *optionalSelected, XML_EDIT_ERROR *optionalError) {
+    VO_ASSERT(xml);
+    VO_ASSERT(edits);
+    VO_ASSERT(count >= 0);
+    const xml::Edits all(edits, size_t(count));
+    for (const XML_EDIT &edit : all) {
+        VO_ASSERT(XML_EDIT_ACTION_OK(edit.action));
+        VO_ASSERT(edit.path);
+    }
+    int64_t selected = 0;
+    Ref result = Editor(xml, all, namespaces, optionalError).run(selected);
+    if (optionalSelected) *optionalSelected = selected;
+    return result.take();
+}
