@@ -82,7 +82,7 @@ class CommandLine {
 
     Status run(std::vector<std::string> arguments) {
         acceptHelp(arguments);
-        std::for_each(arguments.begin(), arguments.end(), protect);
+        protectFiles(arguments);
         std::reverse(arguments.begin(), arguments.end()); // the parser's order
         try {
             app.parse(std::move(arguments));
@@ -111,6 +111,42 @@ class CommandLine {
     using Command = Status (*)(const Request &);
 
     static constexpr const char *ownOptions = "Options";
+
+    /// What an edit is called, and what it takes.
+    struct EditForm {
+        const char *name;
+        XML_EDIT_ACTION action;
+        const char *values; ///< The last but PATH and NAME is its text.
+        const char *description;
+    };
+    static constexpr EditForm editForms[] = {
+        {"--set", XML_EDIT_ACTION_SET, "PATH VALUE",
+         "Set the value of attributes, texts and comments, or the content of elements, to a text"},
+        {"--set-xml", XML_EDIT_ACTION_SET_CONTENT, "PATH XML", "Set the content of elements"},
+        {"--set-attribute", XML_EDIT_ACTION_SET_ATTRIBUTE, "PATH NAME VALUE",
+         "Set an attribute of elements, or add it"},
+        {"--delete", XML_EDIT_ACTION_DELETE, "PATH", "Remove nodes"},
+        {"--rename", XML_EDIT_ACTION_RENAME, "PATH NAME", "Rename elements and attributes"},
+        {"--insert-before", XML_EDIT_ACTION_INSERT_BEFORE, "PATH XML", "Put XML before nodes"},
+        {"--insert-after", XML_EDIT_ACTION_INSERT_AFTER, "PATH XML", "Put XML behind nodes"},
+        {"--insert-into", XML_EDIT_ACTION_INSERT_INTO, "PATH XML",
+         "Put XML at the end of the content of elements"},
+    };
+
+    static std::ptrdiff_t valuesOf(const EditForm &form) {
+        return 1 + std::ranges::count(std::string_view(form.values), ' ');
+    }
+
+    /// Protects all arguments but the values of edits.
+    static void protectFiles(std::vector<std::string> &arguments) {
+        for (size_t i = 0; i < arguments.size(); ++i) {
+            const auto *form = std::ranges::find(editForms, arguments[i], &EditForm::name);
+            if (form != std::end(editForms))
+                i += static_cast<size_t>(valuesOf(*form));
+            else
+                protect(arguments[i]);
+        }
+    }
 
     /// Keeps the parser from reading a file name such as [a,b] as a list of two names.
     static void protect(std::string &argument) {
@@ -200,6 +236,20 @@ class CommandLine {
             "\n"
             "  voxml select '//dish[@price < 10]/name' menu.xml\n"
             "  voxml select --csv --each //dish --column id=@id --column name=name menu.xml");
+
+        sub = add("edit", edit, "Change what paths select, and not a byte more");
+        editing(sub);
+        destination(sub);
+        sub->footer(
+            "Paths are those of 'voxml select', and all select in the document as it was. Edits "
+            "at the same place follow each other in their order. Values are texts and are escaped; "
+            "XML is what an element may hold. An element, comment or processing instruction that "
+            "stands alone on its line is deleted with the line. All other bytes stay as they are, "
+            "in any character set. Nothing is written where the edited document would not be "
+            "acceptable.\n"
+            "\n"
+            "  voxml edit -i --set \"//dish[@id='x']/@price\" 9.50 menu.xml\n"
+            "  voxml edit --delete //comment() --rename //dish meal menu.xml");
 
         sub = add("stats", stats, "Count nodes, and measure the time that decoding takes");
         sub->footer("Of several files each has its figures, and all have a total.");
@@ -320,10 +370,44 @@ class CommandLine {
                               const char *description) {
             sub->add_option(name, values, description)->option_text(text)->allow_extra_args(false);
         };
-        list("--ns", request.bindings, "PREFIX=NAMESPACE", "Bind a prefix");
+        bindings(sub);
         list("--each", request.each, "PATH", "For a table: what becomes a row");
         list("--column", request.columns, "NAME=PATH",
              "A column: its name, and a path from the row, of which the first node counts");
+    }
+
+    void bindings(CLI::App *sub) {
+        sub->add_option("--ns", request.bindings, "Bind a prefix")
+            ->option_text("PREFIX=NAMESPACE")
+            ->allow_extra_args(false);
+    }
+
+    /// An option for each edit. They are taken one by one, so that their order is known.
+    void editing(CLI::App *sub) {
+        using Two = std::pair<std::string, std::string>;
+        using Three = std::tuple<std::string, std::string, std::string>;
+        for (const EditForm &form : editForms) {
+            const XML_EDIT_ACTION action = form.action;
+            const auto take = [this](const EditRequest &edit) { request.edits.push_back(edit); };
+            CLI::Option *option = nullptr;
+            if (valuesOf(form) == 1)
+                option =
+                    sub->add_option_function<std::string>(form.name, [=](const std::string &path) {
+                        take({action, path, {}, {}});
+                    });
+            else if (valuesOf(form) == 2)
+                option = sub->add_option_function<Two>(form.name, [=](const Two &two) {
+                    const bool isName = action == XML_EDIT_ACTION_RENAME;
+                    take({action, two.first, isName ? two.second : "", isName ? "" : two.second});
+                });
+            else
+                option = sub->add_option_function<Three>(form.name, [=](const Three &three) {
+                    const auto &[path, name, text] = three;
+                    take({action, path, name, text});
+                });
+            option->description(form.description)->option_text(form.values)->trigger_on_parse();
+        }
+        bindings(sub);
     }
 
     void layout(CLI::App *sub) {
@@ -350,6 +434,11 @@ class CommandLine {
 
     void output(CLI::App *sub) {
         sub->add_flag("--no-declaration", request.noDeclaration, "Leave out the XML declaration");
+        destination(sub);
+    }
+
+    /// Where they write.
+    void destination(CLI::App *sub) {
         sub->add_option("-o,--output", request.output, "Write to this file, whole or not at all; - is standard output")
             ->option_text("FILE")
             ->check([](const std::string &path) {

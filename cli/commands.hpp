@@ -11,6 +11,7 @@ Status canonical(const Request &request);
 Status format(const Request &request);
 Status convert(const Request &request);
 Status tree(const Request &request);
+Status edit(const Request &request);
 Status select(const Request &request);
 Status diff(const Request &request);
 Status json(const Request &request);

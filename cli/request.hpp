@@ -1,12 +1,20 @@
 // What the command line asks for.
 #pragma once
 
+#include "xml/xml_edit.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace tool {
+
+/// One edit, as the command line says it.
+struct EditRequest {
+    XML_EDIT_ACTION action;
+    std::string path, name, text;
+};
 
 /// What the command line asks for. Each command looks at what concerns it.
 struct Request {
@@ -42,6 +50,7 @@ struct Request {
     std::vector<std::string> bindings; ///< As prefix=namespace.
     std::string each;                  ///< The path to what becomes a row,
     std::vector<std::string> columns;  ///< and the columns, as name=path.
+    std::vector<EditRequest> edits;    ///< In the order of the command line.
 };
 
 } // namespace tool

@@ -35,8 +35,8 @@ enum {
     XML_EDIT_ACTION_DELETE = 3,
     /** Gives an element, in both tags, an attribute or a processing instruction the name `name`. */
     XML_EDIT_ACTION_RENAME = 4,
-    /** Puts the XML in `text` in front of an item, behind it, or behind the content of an element or
-     *  document. An element without content gets an end tag for that. @{ */
+    /** Puts the XML in `text` in front of an item, behind it, or behind the content of an element
+     * or document. An element without content gets an end tag for that. @{ */
     XML_EDIT_ACTION_INSERT_BEFORE = 5,
     XML_EDIT_ACTION_INSERT_AFTER = 6,
     XML_EDIT_ACTION_INSERT_INTO = 7
@@ -85,10 +85,10 @@ typedef struct XML_EDIT_ERROR {
     voMessage *message;
 } XML_EDIT_ERROR;
 
-/** Edits a document in the bytes that stand for it. All edits select in the document as it is given,
- *  and what they put at one place stands there in their order. The result decodes as the input
- *  does; the bytes of everything that no edit was about are the same. Where nothing was selected it
- *  is the input.
+/** Edits a document in the bytes that stand for it. All edits select in the document as it is
+ * given, and what they put at one place stands there in their order. The result decodes as the
+ * input does; the bytes of everything that no edit was about are the same. Where nothing was
+ * selected it is the input.
  *
  *  A character of an attribute's new value that the character set lacks becomes a character
  *  reference; elsewhere it is an error. Time is in proportion to the input, the result, and what

@@ -44,8 +44,7 @@ const char *whyNot(const XML_EDIT &edit) {
     if (!edit.text.bytes ||
         !vo___Utf8IsValid(reinterpret_cast<const uint8_t *>(edit.text.bytes), edit.text.length))
         return "this is not UTF-8";
-    const bool hasText =
-        action == XML_EDIT_ACTION_SET || action == XML_EDIT_ACTION_SET_ATTRIBUTE;
+    const bool hasText = action == XML_EDIT_ACTION_SET || action == XML_EDIT_ACTION_SET_ATTRIBUTE;
     return hasText || isContent(edit.text) ? nullptr : "this is not the content of an element";
 }
 
@@ -404,8 +403,8 @@ class Planner {
     void element(Group group, uint64_t record) {
         const Node node = outline.node(record);
         const ElementPlaces places = placesOf(record, node);
-        std::string_view name = Piece{outline.at(places.nameBegin), outline.at(places.nameEnd)}
-                                    .bytes();
+        std::string_view name =
+            Piece{outline.at(places.nameBegin), outline.at(places.nameEnd)}.bytes();
         NewContent content;
         for (const auto &[number, edit] : group) {
             const std::string_view text = textOf(edit);
@@ -413,8 +412,8 @@ class Planner {
             case XML_EDIT_ACTION_SET:
             case XML_EDIT_ACTION_SET_CONTENT:
                 if (content.setBy >= 0) return failOverlap(edit, node.begin);
-                content.set = at(edit).action == XML_EDIT_ACTION_SET ? escaped(text)
-                                                                     : EditText(text);
+                content.set =
+                    at(edit).action == XML_EDIT_ACTION_SET ? escaped(text) : EditText(text);
                 content.setBy = edit;
                 break;
             case XML_EDIT_ACTION_INSERT_INTO:
@@ -511,8 +510,8 @@ class Planner {
         while (to < behind && isBlank(to))
             ++to;
         if (to < behind && *outline.at(to) == '\r') ++to;
-        const bool isAlone = from > 0 && *outline.at(from - 1) == '\n' && to < behind &&
-                             *outline.at(to) == '\n';
+        const bool isAlone =
+            from > 0 && *outline.at(from - 1) == '\n' && to < behind && *outline.at(to) == '\n';
         if (!isAlone) return;
         removal.from = from;
         removal.to = to + 1;
@@ -538,9 +537,8 @@ std::optional<EditFault> checkEdits(Edits edits) {
 
 std::optional<EditFault> planEdits(const Outline &outline, Edits edits, vo::Vec<EditTarget> targets,
                                    vo::Vec<Replacement> &plan) {
-    std::stable_sort(targets.begin(), targets.end(), [](const EditTarget &a, const EditTarget &b) {
-        return a.record < b.record;
-    });
+    std::stable_sort(targets.begin(), targets.end(),
+                     [](const EditTarget &a, const EditTarget &b) { return a.record < b.record; });
     return Planner(outline, edits, targets).run(plan);
 }
 
