@@ -1,6 +1,7 @@
 #include "paths.hpp"
 
 #include "cursor.hpp"
+#include "text.hpp"
 
 namespace tool {
 

@@ -89,9 +89,7 @@ class Cursor {
     /// The node must be a record or the document of one.
     RecordPlace record() {
         VO_ASSERT(!object || kind == XML_CURSOR_TYPE_DOCUMENT);
-        const Outline *kept = keptOutline();
-        VO_ASSERT(kept);
-        return {kept, object ? Outline::root : records.current()};
+        return {keptOutline(), object ? Outline::root : records.current()};
     }
 
     bool wasExact() const { return nameText.isExact() && nsText.isExact() && valueText.isExact(); }

@@ -15,10 +15,10 @@ bool wasExact(XML_CURSOR *cursor);
 /// stand on an item.
 XML_ITEM_TYPE typeOfNext(XML_CURSOR *cursor);
 
-/// A node of a decoded tree of which no objects are made: its outline, which the cursor keeps, and
-/// the number of its record, or Outline::root for the document.
+/// A node of a decoded tree of which no objects are made: its outline and the number of its record,
+/// or Outline::root for the document.
 struct RecordPlace {
-    const Outline *outline;
+    const Outline *outline; ///< Kept by the cursor; null where the document is empty.
     uint64_t number;
 };
 RecordPlace recordOf(XML_CURSOR *cursor);

@@ -2,10 +2,12 @@
 
 #include "source/vo/vo_array.hpp"
 #include "source/vo/vo_object.hpp"
+#include "source/xml/base/xml_input.hpp"
 #include "source/xml/base/xml_locator.hpp"
 #include "source/xml/cursor/xml_cursor.hpp"
 #include "source/xml/edit/xml_edit_plan.hpp"
 #include "source/xml/edit/xml_splice.hpp"
+#include "source/xml/outline/xml_outline_builder.hpp"
 #include "xml/xml.h"
 
 #include <algorithm>
@@ -46,6 +48,15 @@ Decoded decode(voBuffer *xml, bool namespaces) {
                           : decodeWith(xml, namespaces, XML_FLAG_DECODE_LOCATION);
 }
 
+/// The outline that the cursor reads. One for an empty document, which keeps none, is made anew.
+Ref<xml::Outline> outlineOf(XML_CURSOR *cursor, voBuffer *bytes) {
+    if (const xml::Outline *kept = xml::recordOf(cursor).outline)
+        return Ref(vo::retained(const_cast<xml::Outline *>(kept)));
+    Ref options(xmlOptionsCreate());
+    const xml::Input input = xml::readInput(bytes, xmlOptionsDecodeCharsetFlags(options));
+    return std::move(xml::buildOutline(input.buffer, input.text, input.charset).outline);
+}
+
 Ref<voMessage> messageOf(const char *text, voParserLocation *optionalLocation) {
     return Ref(voMessageCreateFormatCstr(VO_MESSAGE_ERROR, optionalLocation, text, -1));
 }
@@ -72,11 +83,11 @@ class Editor {
         vo::Vec<xml::EditTarget> targets = select(decoded.cursor);
         selected = int64_t(targets.size());
         if (targets.empty()) return Ref(vo::retained(bytes));
-        const xml::Outline &outline = *xml::recordOf(decoded.cursor).outline;
+        Ref outline = outlineOf(decoded.cursor, bytes);
         vo::Vec<xml::Replacement> plan;
-        if (const auto fault = xml::planEdits(outline, edits, std::move(targets), plan))
-            return refuse(*fault, outline.source.text);
-        return splice(outline, plan);
+        if (const auto fault = xml::planEdits(*outline, edits, std::move(targets), plan))
+            return refuse(*fault, outline->source.text);
+        return splice(outline->source, plan);
     }
 
   private:
@@ -92,15 +103,14 @@ class Editor {
     }
 
     /// What comes of it must stand for the text that is wanted, and decode.
-    Ref<voBuffer> splice(const xml::Outline &outline, std::span<const xml::Replacement> plan) {
-        const xml::DecodedText &source = outline.source;
+    Ref<voBuffer> splice(const xml::DecodedText &source, std::span<const xml::Replacement> plan) {
         Ref text = xml::splicedText(source.text, plan);
         xml::Splice spliced = xml::spliced(bytes, source.charset, source.text, plan);
         if (!spliced.bytes) return refuseCharset(spliced.misfit);
         Decoded decoded = decode(spliced.bytes, namespaces);
         if (!decoded.cursor) return refuseResult(decoded.failure);
-        const xml::Outline &result = *xml::recordOf(decoded.cursor).outline;
-        if (result.source.text.bytes() != xml::pieceOf(text).bytes()) return refuseCharset(-1);
+        Ref result = outlineOf(decoded.cursor, spliced.bytes);
+        if (result->source.text.bytes() != xml::pieceOf(text).bytes()) return refuseCharset(-1);
         return std::move(spliced.bytes);
     }
 

@@ -281,8 +281,11 @@ class Planner {
         case XML_EDIT_ACTION_SET:
             return setValue(node, edit);
         case XML_EDIT_ACTION_DELETE: {
+            // Attributes need no white space between them, but one behind the element's name does.
+            const char next = char(*outline.at(node.end + 1));
+            const bool takesSpace = isSpace(uint8_t(next)) || next == '/' || next == '>';
             uint64_t from = node.begin;
-            while (isSpace(*outline.at(from - 1)))
+            while (takesSpace && isSpace(*outline.at(from - 1)))
                 --from;
             return remove(from, node.end + 1, edit, false);
         }
