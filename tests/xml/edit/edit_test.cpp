@@ -399,7 +399,7 @@ size_t commonSuffix(std::string_view a, std::string_view b) {
 
 /// How much of a text, in bytes, an edit may have replaced.
 size_t mostReplaced(const Event &event, const Step &step, size_t all) {
-    if (step.action >= before) return 2; // "/>"
+    if (step.action >= before) return 8; // "/>" with white space in between
     if (event.type == XML_ITEM_TYPE_ELEMENT || step.action == remove_) return all;
     return step.action == rename_ ? event.name.size() : event.value.size();
 }
