@@ -59,6 +59,13 @@ static XML_SELECTION *selection(void) {
     return selection;
 }
 
+static XML_EDIT *edit(void) {
+    static XML_EDIT edit;
+    edit.action = XML_EDIT_ACTION_DELETE;
+    edit.path = xmlPathTryCreate("a", -1, NULL, NULL);
+    return &edit;
+}
+
 /* A valid object of each type. */
 #define NEW_char "a"
 #define NEW_int ((int[1]){0})
@@ -86,6 +93,8 @@ static XML_SELECTION *selection(void) {
 #define NEW_XML_DECODE_ERROR xmlDecodeErrorCreate(0, NULL)
 #define NEW_XML_DECODE_RESULT xmlDecodeResultCreate(xmlDocumentCreate())
 #define NEW_XML_DOCUMENT xmlDocumentCreate()
+#define NEW_XML_EDIT edit()
+#define NEW_XML_EDIT_ERROR ((XML_EDIT_ERROR[1]){{0}})
 #define NEW_XML_ELEMENT element()
 #define NEW_XML_IMPORT_ERROR ((XML_IMPORT_ERROR[1]){{0}})
 #define NEW_XML_IMPORT_OPTIONS ((XML_IMPORT_OPTIONS[1]){{0}})

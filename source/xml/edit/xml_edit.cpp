@@ -76,21 +76,33 @@ class Editor {
 
     /// Null where that is not possible.
     Ref<voBuffer> run(int64_t &selected) {
-        if (const auto fault = xml::checkEdits(edits)) return refuse(*fault, {});
-        Decoded decoded = decode(bytes, namespaces);
-        if (!decoded.cursor)
-            return refuse(XML_EDIT_ERROR_CODE_INPUT, -1, std::move(decoded.failure));
-        vo::Vec<xml::EditTarget> targets = select(decoded.cursor);
-        selected = int64_t(targets.size());
-        if (targets.empty()) return Ref(vo::retained(bytes));
-        Ref outline = outlineOf(decoded.cursor, bytes);
-        vo::Vec<xml::Replacement> plan;
-        if (const auto fault = xml::planEdits(*outline, edits, std::move(targets), plan))
-            return refuse(*fault, outline->source.text);
-        return splice(outline->source, plan);
+        if (const auto fault = xml::checkEdits(edits)) return fail(*fault, {}), Ref<voBuffer>();
+        Made made = make(selected);
+        if (!made.bytes || selected == 0 || isRight(made)) return std::move(made.bytes);
+        return {};
     }
 
   private:
+    /// What comes of the edits.
+    struct Made {
+        Ref<voBuffer> bytes;
+        Ref<voBuffer> text; ///< What the bytes must stand for; null where they are that text.
+    };
+
+    Made make(int64_t &selected) {
+        Decoded decoded = decode(bytes, namespaces);
+        if (!decoded.cursor)
+            return fail(XML_EDIT_ERROR_CODE_INPUT, -1, std::move(decoded.failure)), Made{};
+        vo::Vec<xml::EditTarget> targets = select(decoded.cursor);
+        selected = int64_t(targets.size());
+        if (targets.empty()) return {Ref(vo::retained(bytes)), {}};
+        Ref outline = outlineOf(decoded.cursor, bytes);
+        vo::Vec<xml::Replacement> plan;
+        if (const auto fault = xml::planEdits(*outline, edits, std::move(targets), plan))
+            return fail(*fault, outline->source.text), Made{};
+        return splice(outline->source, plan);
+    }
+
     vo::Vec<xml::EditTarget> select(XML_CURSOR *cursor) const {
         vo::Vec<xml::EditTarget> targets;
         for (size_t i = 0; i < edits.size(); ++i) {
@@ -102,37 +114,50 @@ class Editor {
         return targets;
     }
 
-    /// What comes of it must stand for the text that is wanted, and decode.
-    Ref<voBuffer> splice(const xml::DecodedText &source, std::span<const xml::Replacement> plan) {
-        Ref text = xml::splicedText(source.text, plan);
-        xml::Splice spliced = xml::spliced(bytes, source.charset, source.text, plan);
-        if (!spliced.bytes) return refuseCharset(spliced.misfit);
-        Decoded decoded = decode(spliced.bytes, namespaces);
-        if (!decoded.cursor) return refuseResult(decoded.failure);
-        Ref result = outlineOf(decoded.cursor, spliced.bytes);
-        if (result->source.text.bytes() != xml::pieceOf(text).bytes()) return refuseCharset(-1);
-        return std::move(spliced.bytes);
+    Made splice(const xml::DecodedText &source, std::span<const xml::Replacement> plan) {
+        const xml::Piece input = xml::pieceOf(bytes);
+        if (source.text.end == input.end) // UTF-8
+            return {xml::splicedText({input.begin, source.text.begin}, source.text, plan), {}};
+        xml::Splice spliced = xml::spliced(bytes, charsetOf(source), source.text, plan);
+        if (!spliced.bytes) return failInCharset(spliced.misfit), Made{};
+        return {std::move(spliced.bytes), xml::splicedText({}, source.text, plan)};
     }
 
-    Ref<voBuffer> refuse(XML_EDIT_ERROR_CODE code, int64_t edit, Ref<voMessage> message) {
+    /// A document whose declaration is empty calls itself UTF-8 in whatever it was read from.
+    voCharset charsetOf(const xml::DecodedText &source) const {
+        if (source.charset != VO_CHARSET_UTF_8) return source.charset;
+        Ref options(xmlOptionsCreate());
+        return xml::readInput(bytes, xmlOptionsDecodeCharsetFlags(options)).charset;
+    }
+
+    /// The bytes must decode, and stand for the text that is wanted.
+    bool isRight(const Made &made) {
+        Decoded decoded = decode(made.bytes, namespaces);
+        if (!decoded.cursor) return failInResult(decoded.failure), false;
+        if (!made.text) return true;
+        Ref outline = outlineOf(decoded.cursor, made.bytes);
+        if (outline->source.text.bytes() == xml::pieceOf(made.text).bytes()) return true;
+        return failInCharset(-1), false;
+    }
+
+    void fail(XML_EDIT_ERROR_CODE code, int64_t edit, Ref<voMessage> message) {
         if (error) *error = {code, edit, message.take()};
-        return {};
     }
-    Ref<voBuffer> refuse(const xml::EditFault &fault, xml::Piece text) {
-        return refuse(fault.code, fault.edit, messageOf(fault, text));
+    void fail(const xml::EditFault &fault, xml::Piece text) {
+        fail(fault.code, fault.edit, messageOf(fault, text));
     }
-    Ref<voBuffer> refuseCharset(int64_t edit) {
+    void failInCharset(int64_t edit) {
         const char *text =
             edit >= 0 ? "the character set of the document lacks a character of this"
                       : "it cannot be told which bytes of the document stand for which characters";
-        return refuse(XML_EDIT_ERROR_CODE_CHARSET, edit, messageOf(text, nullptr));
+        fail(XML_EDIT_ERROR_CODE_CHARSET, edit, messageOf(text, nullptr));
     }
-    Ref<voBuffer> refuseResult(voMessage *failure) {
+    void failInResult(voMessage *failure) {
         Ref location(voMessageLocation(failure));
-        return refuse(XML_EDIT_ERROR_CODE_RESULT, -1,
-                      Ref(voMessageCreateFormatCstr(VO_MESSAGE_ERROR, location,
-                                                    "the edited document is not acceptable: %~s",
-                                                    -1, voMessageText(failure))));
+        fail(XML_EDIT_ERROR_CODE_RESULT, -1,
+             Ref(voMessageCreateFormatCstr(VO_MESSAGE_ERROR, location,
+                                           "the edited document is not acceptable: %~s", -1,
+                                           voMessageText(failure))));
     }
 
     voBuffer *const bytes;

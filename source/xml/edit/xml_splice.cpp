@@ -130,8 +130,9 @@ bool fits(std::string_view text, voCharset charset) {
     return charset == VO_CHARSET_UTF_8 || encoded(text, charset);
 }
 
-Ref<voBuffer> splicedText(Piece text, std::span<const Replacement> plan) {
+Ref<voBuffer> splicedText(Piece before, Piece text, std::span<const Replacement> plan) {
     vo::BufferBuilder out;
+    out.append({before.begin, before.end});
     const uint8_t *last = text.begin;
     for (const Replacement &next : plan) {
         out.append({last, text.begin + next.from});

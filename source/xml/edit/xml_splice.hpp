@@ -12,8 +12,8 @@ struct Splice {
     int64_t misfit = -1;     ///< the edit for which the character set lacks a character, or -1.
 };
 
-/// The text with the replacements.
-vo::Ref<voBuffer> splicedText(Piece text, std::span<const Replacement> plan);
+/// The text with the replacements, behind a piece that stays.
+vo::Ref<voBuffer> splicedText(Piece before, Piece text, std::span<const Replacement> plan);
 
 /// The bytes of an input with the replacements, where `text` is what the input stands for, perhaps
 /// behind a byte-order mark. All other bytes stay.

@@ -188,6 +188,8 @@ TEST(Edit, BytesThatEncodingWouldNotGiveStayAsTheyAre) {
             const voCharsetFlags flags = isMarked ? VO_CHARSET_FLAG_BOM : 0;
             EXPECT_EQ(edit(encoded(order, text + "<a/>", flags), {{set, "/a", "\u00e9"}}).bytes,
                       encoded(order, text + "<a>\u00e9</a>", flags));
+            EXPECT_EQ(edit(encoded(order, "<?xml?><a/>", flags), {{set, "/a", "\u00e9"}}).bytes,
+                      encoded(order, "<?xml?><a>\u00e9</a>", flags));
         }
 }
 
