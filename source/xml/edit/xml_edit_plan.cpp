@@ -483,21 +483,25 @@ class Planner {
         std::stable_sort(wanted.begin(), wanted.end(), [](const Wanted &a, const Wanted &b) {
             return a.from != b.from ? a.from < b.from : a.order < b.order;
         });
-        vo::Vec<Wanted> kept;
+        size_t kept = 0;
         for (Wanted &next : wanted) {
-            if (!kept.empty() && next.from < kept.back().to) {
-                if (next.deletes && kept.back().deletes && next.to <= kept.back().to) continue;
+            const Wanted *last = kept > 0 ? &wanted[kept - 1] : nullptr;
+            if (last && next.from < last->to) {
+                if (next.deletes && last->deletes && next.to <= last->to) continue;
                 return failOverlap(next.edit, next.from);
             }
-            kept.push_back(std::move(next));
+            if (&next != &wanted[kept]) wanted[kept] = std::move(next);
+            ++kept;
         }
-        for (size_t i = 0; i < kept.size(); ++i) {
-            const uint64_t before = i > 0 ? kept[i - 1].to : 0;
+        wanted.resize(kept);
+        plan.reserve(kept);
+        for (size_t i = 0; i < kept; ++i) {
+            const uint64_t before = i > 0 ? wanted[i - 1].to : 0;
             const uint64_t behind =
-                i + 1 < kept.size() ? kept[i + 1].from : uint64_t(outline.source.text.size());
-            if (kept[i].mayTakeLine) takeLine(kept[i], before, behind);
+                i + 1 < kept ? wanted[i + 1].from : uint64_t(outline.source.text.size());
+            if (wanted[i].mayTakeLine) takeLine(wanted[i], before, behind);
         }
-        for (Wanted &next : kept)
+        for (Wanted &next : wanted)
             plan.push_back(std::move(static_cast<Replacement &>(next)));
     }
 
