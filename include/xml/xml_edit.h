@@ -85,14 +85,14 @@ typedef struct XML_EDIT_ERROR {
     voMessage *message;
 } XML_EDIT_ERROR;
 
-/** Edits a document in the bytes that stand for it. All edits select in the document as it is
- * given, and what they put at one place stands there in their order. The result decodes as the
- * input does; the bytes of everything that no edit was about are the same. Where nothing was
- * selected it is the input.
+/** Edits a document in the bytes that stand for it. All edits select in the document as it was, and
+ *  what they put at one place stands there in their order. The result decodes as the input does;
+ * the bytes of everything that no edit was about are the same. Where nothing was selected it is the
+ *  input.
  *
  *  A character of an attribute's new value that the character set lacks becomes a character
  *  reference; elsewhere it is an error. Time is in proportion to the input, the result, and what
- *  selecting takes.
+ *  selecting takes; n changes take n log n.
  *
  *  @param edits `count` of them, borrowed. An action that is none or a path that is null aborts.
  *  @param namespaces 0 when paths look at names as they are written, otherwise they see

@@ -413,15 +413,18 @@ class Planner {
             const std::string_view text = textOf(edit);
             switch (at(edit).action) {
             case XML_EDIT_ACTION_SET:
+                setContent(content, escaped(text), edit, node.begin);
+                break;
             case XML_EDIT_ACTION_SET_CONTENT:
-                if (content.setBy >= 0) return failOverlap(edit, node.begin);
-                content.set =
-                    at(edit).action == XML_EDIT_ACTION_SET ? escaped(text) : EditText(text);
-                content.setBy = edit;
+                setContent(content, EditText(text), edit, node.begin);
                 break;
             case XML_EDIT_ACTION_INSERT_INTO:
                 content.inserted.append(text);
                 content.insertedBy = edit;
+                break;
+            case XML_EDIT_ACTION_RENAME:
+                name = viewOf(at(edit).name);
+                rename(places, edit);
                 break;
             case XML_EDIT_ACTION_SET_ATTRIBUTE:
                 setAttribute(record, places, edit);
@@ -429,21 +432,28 @@ class Planner {
             case XML_EDIT_ACTION_DELETE:
                 remove(node.begin, places.end, edit, true);
                 break;
-            case XML_EDIT_ACTION_RENAME:
-                name = viewOf(at(edit).name);
-                want(places.nameBegin, places.nameEnd, name, edit);
-                if (places.slash == nowhere)
-                    want(places.endNameBegin,
-                         places.endNameBegin + places.nameEnd - places.nameBegin, name, edit);
-                break;
-            case XML_EDIT_ACTION_INSERT_BEFORE:
-                want(node.begin, node.begin, text, edit);
-                break;
-            default:
-                want(places.end, places.end, text, edit);
+            default: {
+                const bool isBefore = at(edit).action == XML_EDIT_ACTION_INSERT_BEFORE;
+                const uint64_t place = isBefore ? node.begin : places.end;
+                want(place, place, text, edit);
+            }
             }
         }
         fill(places, name, content);
+    }
+
+    void setContent(NewContent &content, EditText text, int64_t edit, uint64_t place) {
+        if (content.setBy >= 0) return failOverlap(edit, place);
+        content.set = std::move(text);
+        content.setBy = edit;
+    }
+
+    void rename(const ElementPlaces &places, int64_t edit) {
+        const std::string_view name = viewOf(at(edit).name);
+        want(places.nameBegin, places.nameEnd, name, edit);
+        if (places.slash != nowhere) return;
+        const uint64_t size = places.nameEnd - places.nameBegin;
+        want(places.endNameBegin, places.endNameBegin + size, name, edit);
     }
 
     void fill(const ElementPlaces &places, std::string_view name, const NewContent &content) {
