@@ -35,12 +35,13 @@ enum {
     XML_EDIT_ACTION_DELETE = 3,
     /** Gives an element, in both tags, an attribute or a processing instruction the name `name`. */
     XML_EDIT_ACTION_RENAME = 4,
-    /** Puts the XML in `text` in front of an item, behind it, or behind the content of an element
-     * or document. An element without content gets an end tag for that. @{ */
+    /** Puts the XML in `text` in front of an item. */
     XML_EDIT_ACTION_INSERT_BEFORE = 5,
+    /** Puts it behind an item. */
     XML_EDIT_ACTION_INSERT_AFTER = 6,
+    /** Puts it behind the content of an element or of the document. An element without content gets
+     *  an end tag for that. */
     XML_EDIT_ACTION_INSERT_INTO = 7
-    /** @} */
 };
 
 /** Whether `action` is one of the actions. */
@@ -86,9 +87,9 @@ typedef struct XML_EDIT_ERROR {
 } XML_EDIT_ERROR;
 
 /** Edits a document in the bytes that stand for it. All edits select in the document as it was, and
- *  what they put at one place stands there in their order. The result decodes as the input does;
- * the bytes of everything that no edit was about are the same. Where nothing was selected it is the
- *  input.
+ *  what they put at one place stands there in their order. The result decodes as the input does.
+ *  The bytes of everything that no edit was about are the same. Where nothing was selected the
+ *  result is the input.
  *
  *  A character of an attribute's new value that the character set lacks becomes a character
  *  reference; elsewhere it is an error. Time is in proportion to the input, the result, and what

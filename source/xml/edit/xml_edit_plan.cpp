@@ -70,7 +70,7 @@ EditText referringTo(const EditText &value, voCharset charset) {
         const uint8_t *begin = at;
         const uint32_t ch = nextChar(at, end);
         const std::string_view bytes = Piece{begin, at}.bytes();
-        if (ch < 128 || fits(bytes, charset)) {
+        if (fits(bytes, charset)) {
             out.append(bytes);
             continue;
         }
@@ -473,7 +473,8 @@ class Planner {
 
     void setAttribute(uint64_t record, const ElementPlaces &places, int64_t edit) {
         const std::string_view name = viewOf(at(edit).name);
-        for (uint64_t number = record + 1; number < outline.firstIn(record); ++number) {
+        const uint64_t behind = outline.firstIn(record);
+        for (uint64_t number = record + 1; number < behind; ++number) {
             const Node node = outline.node(number);
             if (outline.names[node.name].bytes() == name) return setValue(node, edit);
         }
