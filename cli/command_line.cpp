@@ -439,7 +439,8 @@ class CommandLine {
 
     /// Where they write.
     void destination(CLI::App *sub) {
-        sub->add_option("-o,--output", request.output, "Write to this file, whole or not at all; - is standard output")
+        sub->add_option("-o,--output", request.output,
+                        "Write to this file, whole or not at all; - is standard output")
             ->option_text("FILE")
             ->check([](const std::string &path) {
                 return std::string(path.empty() ? "the name of a file is empty" : "");
