@@ -31,21 +31,26 @@ voCharset charsetNamed(std::string_view name) {
     return voCharsetFromIanaName(Ref(voStringTryCreateFromUtf8(name.data(), int64_t(name.size()))));
 }
 
-/// The character set that the declaration names, or nothing. `head` is what follows "<?xml". The
-/// search leaves it at the name "encoding" or at the first thing that is no setting.
-std::optional<voCharset> declaredCharset(Head &head) {
+/// The name of the encoding in a declaration; its begin is null where there is none. `head` is what
+/// follows "<?xml". The search leaves it at the name "encoding" or at the first thing that is no
+/// setting.
+Piece findEncoding(Head &head) {
     for (;;) {
         head.begin = skipS(head.begin, head.end);
         const uint8_t *nameEnd = skipName(head.begin, head.end);
         const uint8_t *value = skipEq(nameEnd, head.end);
         const uint8_t *valueEnd = skipAttValue(value, head.end);
-        if (nameEnd == head.begin || value == nameEnd || valueEnd == value) return std::nullopt;
-        if (Piece{head.begin, nameEnd}.bytes() == "encoding") {
-            const voCharset named = charsetNamed(Piece{value + 1, valueEnd - 1}.bytes());
-            return VO_CHARSET_OK(named) ? std::optional(named) : std::nullopt;
-        }
+        if (nameEnd == head.begin || value == nameEnd || valueEnd == value) return {};
+        if (Piece{head.begin, nameEnd}.bytes() == "encoding") return {value + 1, valueEnd - 1};
         head.begin = valueEnd;
     }
+}
+
+/// The character set that the declaration names, or nothing.
+std::optional<voCharset> declaredCharset(Head &head) {
+    const Piece name = findEncoding(head);
+    const voCharset named = name.begin ? charsetNamed(name.bytes()) : -1;
+    return VO_CHARSET_OK(named) ? std::optional(named) : std::nullopt;
 }
 
 /// The declaration that a head begins with when it is read in `candidate`.
@@ -92,6 +97,12 @@ Declaration findDeclaration(voBuffer *bytes) {
     for (voCharset candidate : unicodeCharsets)
         if (Declaration found = declarationIfReadAs(candidate, head); found.buffer) return found;
     return {VO_CHARSET_UTF_8, {}};
+}
+
+std::string_view declaredEncoding(const Declaration &declaration) {
+    if (!declaration.buffer) return {};
+    Head settings{declaration.settings};
+    return findEncoding(settings).bytes();
 }
 
 Input readInput(voBuffer *bytes, voCharsetFlags flags) {

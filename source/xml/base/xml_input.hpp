@@ -28,6 +28,9 @@ struct Declaration {
 
 Declaration findDeclaration(voBuffer *bytes);
 
+/// The name of the encoding in a declaration, as it stands; empty where there is none.
+std::string_view declaredEncoding(const Declaration &declaration);
+
 /// Finds the character set by looking for an XML declaration and converts the input. UTF-8 is left
 /// where it is.
 Input readInput(voBuffer *bytes, voCharsetFlags flags);

@@ -31,14 +31,6 @@ Refused::Refused(voBuffer *bytes)
     : xml(bytes), declaration(findDeclaration(bytes)),
       input(readInput(bytes, VO_CHARSET_FLAG_BOM)) {}
 
-std::string_view declaredEncoding(const Declaration &declaration) {
-    AttributeScan scan = scanAttributes(declaration.settings.bytes(), 0);
-    if (scan.fault != AttributeFault::none) scan.attributes.pop_back();
-    for (const auto &[name, value] : scan.attributes)
-        if (name == "encoding") return value;
-    return {};
-}
-
 bool Refused::contradictsItself() const {
     return unitSize(input.charset) != unitSize(declaration.readable);
 }

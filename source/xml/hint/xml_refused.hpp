@@ -9,9 +9,6 @@
 
 namespace xml {
 
-/// The encoding that a declaration names, or nothing.
-std::string_view declaredEncoding(const Declaration &declaration);
-
 struct Refused {
     explicit Refused(voBuffer *bytes);
 
