@@ -1073,6 +1073,7 @@ namespace detail {
     static constexpr auto document_set_items = xml##DocumentSetItems;                              \
     static constexpr auto document_location = xml##DocumentLocation;                               \
     static constexpr auto document_make_all = xml##DocumentMakeAll;                                \
+    static constexpr auto element_make_all = xml##ElementMakeAll;                                  \
     static constexpr auto document_root = xml##DocumentRoot;                                       \
     static constexpr auto document_take_root = xml##DocumentTakeRoot;                              \
     static constexpr auto document_set_root = xml##DocumentSetRoot;                                \
@@ -1755,6 +1756,10 @@ template <class Layer> class basic_element : public handle<typename Layer::eleme
         return erased;
     }
     /** @} */
+
+    /** Makes all objects below now, so that this element does without the text that it was decoded
+     *  from: for keeping a small part of a large document. */
+    void make_all() const noexcept { Layer::element_make_all(this->get()); }
 
     /** @name Changing elements in their place
      *  `edit(element)` is called with elements that were moved out of their parents for the time,

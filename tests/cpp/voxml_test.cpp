@@ -193,8 +193,12 @@ TYPED_TEST(Values, AreReadAlikeAsObjectsAndThroughViews) {
             ++attributes;
         EXPECT_EQ(std::tuple(named, elements, items, attributes), std::tuple(2, 3, 4, 2));
     };
-    check(*doc.root());
     check(*doc.view().root());
+    const auto root = *doc.root();
+    check(root);
+    doc = {};
+    root.make_all();
+    check(root);
 }
 
 TYPED_TEST(Values, TellWhereTheyWereFound) {
