@@ -76,6 +76,7 @@ class CommandLine {
         addWriters();
         addImport();
         addViews();
+        addEdit();
         addDiff();
         addJson();
     }
@@ -237,7 +238,16 @@ class CommandLine {
             "  voxml select '//dish[@price < 10]/name' menu.xml\n"
             "  voxml select --csv --each //dish --column id=@id --column name=name menu.xml");
 
-        sub = add("edit", edit, "Change what paths select, and not a byte more");
+        sub = add("stats", stats, "Count nodes, and measure the time that decoding takes");
+        sub->footer("Of several files each has its figures, and all have a total.");
+
+        sub = addBare("charsets", charsets, "List the character sets with their aliases");
+        sub->footer("A line has the number of the character set, its name and its aliases. Names "
+                    "count in upper and lower case alike.");
+    }
+
+    void addEdit() {
+        CLI::App *sub = add("edit", edit, "Change what paths select, and not a byte more");
         editing(sub);
         destination(sub);
         sub->footer(
@@ -250,13 +260,6 @@ class CommandLine {
             "\n"
             "  voxml edit -i --set \"//dish[@id='x']/@price\" 9.50 menu.xml\n"
             "  voxml edit --delete //comment() --rename //dish meal menu.xml");
-
-        sub = add("stats", stats, "Count nodes, and measure the time that decoding takes");
-        sub->footer("Of several files each has its figures, and all have a total.");
-
-        sub = addBare("charsets", charsets, "List the character sets with their aliases");
-        sub->footer("A line has the number of the character set, its name and its aliases. Names "
-                    "count in upper and lower case alike.");
     }
 
     void addDiff() {
@@ -279,8 +282,10 @@ class CommandLine {
     void addJson() {
         CLI::App *sub = add("json", tool::json,
                             "Write documents as JSON, one a line, or make documents of that");
-        sub->add_flag("--compact", request.compact,
-                      "For programs that want data: without order, comments and the like");
+        sub->add_flag(
+            "--compact", request.compact,
+            "For programs that want data: without order, comments and the like, so that no "
+            "document comes back");
         sub->add_flag("--reverse", request.reverse, "Read JSON and write documents");
         output(sub);
         sub->footer(

@@ -3,6 +3,7 @@
 A file docs/tool/parts/COMMAND.md is put behind what a command's help says first; a command without
 one has a page all the same.
 """
+import itertools
 import re
 import subprocess
 
@@ -55,9 +56,13 @@ def marked(heading, lines):
         for name, meaning in items(lines):
             found += [f"`{name}`", f": {escaped(meaning)}", ""]
         return found
-    text = [line for line in lines if not line.startswith("  ")]
-    code = [line[2:] for line in lines if line.startswith("  ")]
-    return [escaped(" ".join(text)), *(["", "```text", *code, "```"] if code else [])]
+    found = []
+    for is_code, group in itertools.groupby(lines, lambda line: line.startswith("  ")):
+        if is_code:
+            found += ["```text", *(line[2:] for line in group), "```", ""]
+        else:
+            found += [escaped(" ".join(group)), ""]
+    return found
 
 
 def page(voxml, command, part):

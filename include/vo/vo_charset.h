@@ -84,8 +84,8 @@ enum {
 /** Bits that tune a conversion. */
 typedef uint64_t voCharsetFlags;
 
-/** Reading consumes one leading byte-order mark; writing puts one in front, but only for ids 44 to
- *  50. */
+/** Reading consumes one leading byte-order mark; writing puts one in front, but only for the ids
+ *  from 44 to 50. */
 #define VO_CHARSET_FLAG_BOM UINT64_C(1)
 
 /** Reading never gives null, for a look at the head of an input: a leading mark is consumed, each

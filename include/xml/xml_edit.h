@@ -74,6 +74,7 @@ enum {
     XML_EDIT_ERROR_CODE_RESULT = 5
 };
 
+/** What is wrong with an edit, or with the document. */
 typedef struct XML_EDIT_ERROR {
     XML_EDIT_ERROR_CODE code;
 

@@ -131,10 +131,10 @@ VO_API void xmlElementSetItemCommentAt(XML_ELEMENT **el, int64_t index, XML_COMM
 VO_API void xmlElementSetItemTextAt(XML_ELEMENT **el, int64_t index, XML_TEXT *text);
 VO_API void xmlElementSetItemTextValueAt(XML_ELEMENT **el, int64_t index, voString *value);
 VO_API void xmlElementSetItemTextEscapeAt(XML_ELEMENT **el, int64_t index, voString *vos);
+VO_API void xmlElementDelItemAt(XML_ELEMENT **el, int64_t index);
 /** Forwards to xmlItemsSetItemCdataAt(). The misspelled name stays, since programs are linked to
  *  it. */
 VO_API void xmlElementSetItemCdatdaAt(XML_ELEMENT **el, int64_t index, XML_CDATA *cdata);
-VO_API void xmlElementDelItemAt(XML_ELEMENT **el, int64_t index);
 
 VO_API void xmlElementInsertItems(XML_ELEMENT **el, int64_t index, XML_ITEMS *source);
 VO_API void xmlElementInsertItem(XML_ELEMENT **el, int64_t index, XML_ITEM *item);

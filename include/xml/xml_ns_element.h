@@ -169,10 +169,10 @@ VO_API void xmlNsElementSetItemCommentAt(XML_NS_ELEMENT **el, int64_t index, XML
 VO_API void xmlNsElementSetItemTextAt(XML_NS_ELEMENT **el, int64_t index, XML_TEXT *text);
 VO_API void xmlNsElementSetItemTextValueAt(XML_NS_ELEMENT **el, int64_t index, voString *value);
 VO_API void xmlNsElementSetItemTextEscapeAt(XML_NS_ELEMENT **el, int64_t index, voString *vos);
+VO_API void xmlNsElementDelItemAt(XML_NS_ELEMENT **el, int64_t index);
 /** Forwards to xmlNsItemsSetItemCdataAt(). The misspelled name stays, since programs are linked to
  *  it. */
 VO_API void xmlNsElementSetItemCdatdaAt(XML_NS_ELEMENT **el, int64_t index, XML_CDATA *cdata);
-VO_API void xmlNsElementDelItemAt(XML_NS_ELEMENT **el, int64_t index);
 
 VO_API void xmlNsElementInsertItems(XML_NS_ELEMENT **el, int64_t index, XML_NS_ITEMS *source);
 VO_API void xmlNsElementInsertItem(XML_NS_ELEMENT **el, int64_t index, XML_NS_ITEM *item);

@@ -19,7 +19,7 @@ VO_API int xmlValueNameOk(voString *name);
  *  target and the white space behind it. The target "xml" is not excluded. */
 VO_API int xmlValueProcessingInstructionValueOk(voString *value);
 
-/** What may stand between <!-- and -->: not empty, no hyphen first or last, no two in a row. */
+/** What a comment may hold: it is not empty, no hyphen first or last, no two in a row. */
 VO_API int xmlValueCommentOk(voString *commentText);
 
 /** The version number of an XML declaration: "1." and one or more decimal digits. */
