@@ -275,6 +275,9 @@ TEST(Views, KeepTheirStringsAndDoNotDisturbEachOther) {
     }
     EXPECT_EQ(read, "1<12<2");
     EXPECT_EQ(std::string(x) + std::string(y), "<>");
+    for (const auto &attribute : root.attributes())
+        EXPECT_EQ(attribute.text(), attribute.value());
+    EXPECT_EQ(doc.view().text(), "12");
 }
 
 TYPED_TEST(Values, AreSeenAtAnyDepthThroughViews) {

@@ -12,12 +12,12 @@ static XML_NS_DOCUMENT *resolve(XML_DOCUMENT *plain) {
 
 static void printEntry(XML_NS_ELEMENT *entry) {
     XML_NS_ELEMENT *title = xmlNsElementChild(entry, "title", atom);
-    char *text = xmlNsElementTryContentUtf8(title, NULL);
+    char *text = title ? xmlNsElementTryContentUtf8(title, NULL) : NULL;
     char *minutes = xmlNsElementAttributeTryUtf8(entry, "minutes", reading, NULL);
-    printf("%s: %s minutes\n", text, minutes);
+    printf("%s: %s minutes\n", text ? text : "?", minutes ? minutes : "?");
     voMemFree(minutes);
     voMemFree(text);
-    xmlNsElementRelease(title);
+    if (title) xmlNsElementRelease(title);
 }
 
 int main(void) {
