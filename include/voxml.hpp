@@ -2320,8 +2320,8 @@ template <class Layer> class basic_view {
     }
     /** As basic_element::text() gives it; of a node that holds no others its value(). */
     [[nodiscard]] std::optional<std::string_view> text() const VOXML_LIFETIMEBOUND {
-        const XML_ITEM_TYPE own = xmlCursorType(cursor_.get());
-        if (own != XML_ITEM_TYPE_ELEMENT && own != XML_CURSOR_TYPE_DOCUMENT) return value();
+        const item_type own = type();
+        if (own != item_type::element && own != item_type::document) return value();
         std::string_view first;
         std::string joined;
         for (detail::way_back way{cursor_.get()}; detail::next_below(way.cursor, way.depth);) {
